@@ -1,0 +1,254 @@
+#include "cli/comandi_cli.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+#include "base/file_testo.h"
+#include "base/testo.h"
+#include "cli/inizializza.h"
+#include "cli/json_nodo.h"
+#include "cli/mostra.h"
+#include "cli/protocollo.h"
+#include "joint/controlla_dati.h"
+#include "verification/interassi.h"
+
+namespace tk07 {
+
+namespace {
+
+void Stampa(const std::string& testo) { std::fwrite(testo.data(), 1, testo.size(), stdout); }
+
+bool SuTerminale() {
+#ifdef _WIN32
+    return false;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+// A bar on the terminal while many files are worked on; nothing in a pipe.
+class Barra {
+  public:
+    explicit Barra(std::size_t totale) : totale_(totale), attiva_(totale > 1 && SuTerminale()) {}
+    ~Barra() { Cancella(); }
+    Barra(const Barra&) = delete;
+    Barra& operator=(const Barra&) = delete;
+    void Segna(std::size_t fatti) {
+        if (!attiva_) return;
+        constexpr std::size_t kLarghezza = 30;
+        const std::size_t pieni = fatti * kLarghezza / totale_;
+        std::fprintf(stderr, "\r[%s%s] %zu/%zu", std::string(pieni, '#').c_str(),
+                     std::string(kLarghezza - pieni, '.').c_str(), fatti, totale_);
+    }
+    void Cancella() {
+        if (attiva_) std::fputs("\r\033[K", stderr);
+    }
+
+  private:
+    std::size_t totale_;
+    bool attiva_;
+};
+
+// A started session, with the port of the command line.
+struct Banco {
+    PortaCli porta;
+    std::unique_ptr<Sessione> s = std::make_unique<Sessione>();
+    int codice = kUscitaOk;  // of a start-up that failed
+
+    explicit Banco(const Avvio& avvio) {
+        porta.prefisso = "tk07";
+        s->piattaforma = porta.Fai();
+        EseguiComando(*s, [&] {
+            if (!Avvia(*s, avvio)) codice = kUscitaAvvio;
+        });
+        if (s->fine) codice = s->codiceUscita;
+    }
+    bool Avviato() const { return codice == kUscitaOk; }
+};
+
+// What the reader had to leave out is told: a verdict on half a file must not pass in silence.
+bool LetturaIntera(const Sessione& s, PortaCli& porta) {
+    const NoteLettura& note = s.ultimaLettura;
+    if (note.RigaInterrotta > 0) {
+        s.piattaforma.messaggio("riga " + std::to_string(note.RigaInterrotta) +
+                                    ": lettura interrotta (" + note.Causa + ")",
+                                kTitoloProgramma, Segno::critico, Pulsanti::OK);
+        return false;
+    }
+    constexpr std::size_t kElenco = 8;
+    std::string mancanti;
+    for (std::size_t i = 0; i < std::min(note.ChiaviMancanti.size(), kElenco); ++i) {
+        mancanti += (i == 0 ? " " : ", ") + note.ChiaviMancanti[i];
+    }
+    if (mancanti.empty()) return true;
+    if (note.ChiaviMancanti.size() > kElenco) {
+        mancanti += " e altre " + std::to_string(note.ChiaviMancanti.size() - kElenco);
+    }
+    Errore(porta.prefisso, "attenzione, chiavi mancanti:" + mancanti);
+    return true;
+}
+
+// Opens the file in the session; an exit code above 0 ends the work on it.
+int ApriFile(Sessione& s, PortaCli& porta, const std::string& file) {
+    porta.prefisso = file;
+    porta.messaggi.clear();
+    bool aperto = false;
+    EseguiComando(s, [&] { aperto = ApriNodo(s, file); });
+    if (s.fine) return s.codiceUscita;
+    if (!aperto || !LetturaIntera(s, porta)) return kUscitaUso;
+    return kUscitaOk;
+}
+
+std::string Verdetto(const Sessione& s) {
+    const int n = s.nodo.nSollAg;
+    int falliti = 0;
+    for (int k = 0; k < n; ++k) falliti += s.ris.Verificato(k, 0) != 0 ? 0 : 1;
+    const std::string quanti = std::to_string(n) + (n == 1 ? " sestetto" : " sestetti");
+    const std::string metodo = NomeMetodo(s.nodo.MetodoVerifica());
+    if (falliti == 0) return "NODO VERIFICATO (" + metodo + ", " + quanti + ")";
+    return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti + ")";
+}
+
+int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz, const std::string& file) {
+    int codice = ApriFile(s, porta, file);
+    if (codice == kUscitaOk) {
+        EseguiComando(s, [&] {
+            if (!opz.metodo.empty()) {
+                ScegliMetodo(s, opz.metodo == "ta" ? Metodo::TA : Metodo::SLU);
+            }
+            VerificaSessione(s);
+        });
+        if (s.fine) {
+            codice = s.codiceUscita;
+        } else if (!s.RisultatiValidi) {
+            codice = kUscitaNonPossibile;
+        } else {
+            codice = s.ris.NodoVerificato ? kUscitaOk : kUscitaNonVerificato;
+        }
+    }
+    if (opz.json) {
+        Stampa(SuRiga(JsonVerifica(s, file, porta.messaggi)) + "\n");
+        return codice;
+    }
+    if (!s.RisultatiValidi) return codice;
+    const std::string relazione = PercorsoPiattaforma(s.ultimaVerifica.relazione);
+    if (opz.stampa) {
+        std::string testo, errore;
+        if (LeggiBytes(relazione, testo, errore)) Stampa(testo + "\n");
+    }
+    Stampa(file + ": " + Verdetto(s) + "\n    relazione: " + relazione + "\n");
+    return codice;
+}
+
+// Runs `lavoro` on every file, each in a session that starts from the default joint. The exit code is
+// the largest; a fatal fault ends the run.
+template <class Lavoro>
+int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file, Lavoro lavoro,
+                bool fermati = false, bool apri = false) {
+    Banco banco(avvio);
+    if (!banco.Avviato()) return banco.codice;
+    banco.porta.fermati = fermati;
+    banco.porta.apri = apri;
+    Barra barra(file.size());
+    int codice = kUscitaOk;
+    for (std::size_t i = 0; i < file.size(); ++i) {
+        const bool ultimo = i + 1 == file.size();
+        const auto copia = ultimo ? std::move(banco.s) : std::make_unique<Sessione>(*banco.s);
+        barra.Cancella();
+        codice = std::max(codice, lavoro(*copia, banco.porta, file[i]));
+        std::fflush(stdout);
+        if (codice == kUscitaFatale) break;
+        barra.Segna(i + 1);
+    }
+    return codice;
+}
+
+}  // namespace
+
+int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz) {
+    return PerOgniFile(
+        avvio, opz.file,
+        [&](Sessione& s, PortaCli& porta, const std::string& f) {
+            return VerificaFile(s, porta, opz, f);
+        },
+        opz.fermati, opz.apri);
+}
+
+int ComandoControlla(const Avvio& avvio, const std::vector<std::string>& file) {
+    return PerOgniFile(avvio, file, [](Sessione& s, PortaCli& porta, const std::string& f) {
+        const int codice = ApriFile(s, porta, f);
+        if (codice != kUscitaOk) return codice;
+        porta.messaggi.clear();
+        porta.zitta = true;  // what the checks say is this command's output
+        EseguiComando(s, [&] {
+            RicalcolaNervatura3(s.nodo);
+            if (!ControllaDati(s.nodo, s.opz, s.piattaforma)) {
+                ControllaBulloni(s.nodo, s.opz, s.piattaforma);
+            }
+        });
+        porta.zitta = false;
+        if (s.fine) {
+            Errore(f, porta.messaggi.back().testo);
+            return s.codiceUscita;
+        }
+        for (const MessaggioDato& m : porta.messaggi) Stampa(f + ": " + SuUnaRiga(m.testo) + "\n");
+        return porta.messaggi.empty() ? kUscitaOk : kUscitaNonVerificato;
+    });
+}
+
+int ComandoMostra(const Avvio& avvio, const std::string& file, bool json) {
+    return PerOgniFile(avvio, {file}, [json](Sessione& s, PortaCli& porta, const std::string& f) {
+        const int codice = ApriFile(s, porta, f);
+        if (codice != kUscitaOk) return codice;
+        Stampa(json ? SuRiga(JsonNodo(s.nodo)) + "\n" : TestoNodo(s));
+        return kUscitaOk;
+    });
+}
+
+int ComandoSezioni(const Avvio& avvio, bool json) {
+    const Banco banco(avvio);
+    if (!banco.Avviato()) return banco.codice;
+    Stampa(json ? SuRiga(JsonSezioni(banco.s->profili)) + "\n" : TestoSezioni(banco.s->profili));
+    return kUscitaOk;
+}
+
+int ComandoMateriali(const Avvio& avvio, bool json) {
+    const Banco banco(avvio);
+    if (!banco.Avviato()) return banco.codice;
+    Stampa(json ? SuRiga(JsonMateriali(banco.s->mat)) + "\n" : TestoMateriali(banco.s->mat));
+    return kUscitaOk;
+}
+
+int ComandoSessione(const Avvio& avvio, bool avviaProgrammi) {
+    Protocollo protocollo(avvio, PiattaformaMuta(), avviaProgrammi);
+    const auto rispondi = [](const std::string& riga) {
+        Stampa(riga + "\n");
+        std::fflush(stdout);
+    };
+    rispondi(protocollo.AvviaSessione());
+    std::string riga;
+    while (!protocollo.Fine() && std::getline(std::cin, riga)) {
+        if (!Taglia(riga).empty()) rispondi(protocollo.Rispondi(riga));
+    }
+    return protocollo.CodiceUscita();
+}
+
+int ComandoInizializza(const Avvio& avvio, const std::string& destinazione) {
+    const std::string origine = avvio.diroot ? *avvio.diroot : avvio.dirProgramma + "/..";
+    const std::string errore = InizializzaAlbero(origine, destinazione);
+    if (!errore.empty()) {
+        Errore(destinazione, errore);
+        return kUscitaUso;
+    }
+    Stampa(destinazione + ": albero dei direttori pronto\n    per lavorarci: tk07 --diroot " +
+           destinazione + " verifica " + destinazione + "/lavori/esempi/...\n");
+    return kUscitaOk;
+}
+
+}  // namespace tk07

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "session/direttori.h"
+
+namespace tk07 {
+
+// Exit codes of the command line.
+inline constexpr int kUscitaOk = 0, kUscitaNonVerificato = 1, kUscitaUso = 2, kUscitaNonPossibile = 3;
+
+struct OpzioniVerifica {
+    std::vector<std::string> file;
+    std::string metodo;  // "slu", "ta" or empty: the joint's own
+    bool json = false, fermati = false, apri = false, stampa = false;
+};
+
+int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz);
+int ComandoControlla(const Avvio& avvio, const std::vector<std::string>& file);
+int ComandoMostra(const Avvio& avvio, const std::string& file, bool json);
+int ComandoSezioni(const Avvio& avvio, bool json);
+int ComandoMateriali(const Avvio& avvio, bool json);
+int ComandoSessione(const Avvio& avvio, bool avviaProgrammi);
+int ComandoInizializza(const Avvio& avvio, const std::string& destinazione);
+
+}  // namespace tk07

@@ -1,0 +1,142 @@
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <memory>
+
+#include "base/testo.h"
+#include "cli/comandi_cli.h"
+#include "cli/porta_cli.h"
+#include "cli/programma.h"
+
+namespace {
+
+using tk07::Avvio;
+
+// The library's own words in Italian.
+void ParlaItaliano(CLI::App& app) {
+    const auto f = std::make_shared<CLI::Formatter>();
+    f->label("Usage", "Uso");
+    f->label("OPTIONS", "OPZIONI");
+    f->label("SUBCOMMAND", "COMANDO");
+    f->label("SUBCOMMANDS", "COMANDI");
+    f->label("Positionals", "Argomenti");
+    f->label("REQUIRED", "(obbligatorio)");
+    f->label("TEXT", "TESTO");
+    f->column_width(34);
+    app.formatter(f);
+    app.set_help_flag("-h,--help", "Mostra questo aiuto ed esce");
+    app.option_defaults()->group("Opzioni");
+    app.get_help_ptr()->group("Opzioni");
+}
+
+std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
+    const std::string nome = e.get_name();
+    std::string detto = e.what();
+    const std::string soggetto = detto.substr(0, detto.find_first_of(": "));
+    if (nome == "ExtrasError") {
+        std::string resto;
+        for (const std::string& r : app.remaining(true)) resto += " " + r;
+        return "argomento non riconosciuto:" + resto;
+    }
+    if (nome == "RequiredError") {
+        return soggetto == "A" ? "manca il comando" : "manca l'argomento " + soggetto;
+    }
+    if (nome == "ValidationError") return soggetto + ": valore non ammesso";
+    if (nome == "ArgumentMismatch") return soggetto + ": numero di valori errato";
+    return "argomenti errati: " + soggetto;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace tk07;
+    Avvio avvio;
+    avvio.dirProgramma = DirettorioProgramma(argv[0]);
+    // The marked field |diroot=...| is taken as well, as one argument of its own.
+    std::vector<std::string> argomenti;
+    for (int i = 1; i < argc; ++i) {
+        const std::string a = argv[i];
+        avvio.rigaComando += (i > 1 ? " " : "") + a;
+        if (Minuscolo(a).find("|diroot=") == std::string::npos) argomenti.push_back(a);
+    }
+
+    CLI::App app{"Nodo trave - trave con piastre: verifica, relazione, disegno", "tk07"};
+    ParlaItaliano(app);
+    app.require_subcommand(1);
+    app.fallthrough();
+    std::string diroot;
+    app.add_option("--diroot", diroot, "Radice dell'albero dei direttori")->type_name("DIR");
+    app.footer("Esempio: tk07 verifica lavori/esempi/01_ipe160_su_ipe270.tk7\n"
+               "Uscita: 0 verificato, 1 non verificato, 2 uso o lettura errati, 3 verifica non "
+               "possibile, 70 errore non recuperabile");
+
+    int codice = kUscitaOk;
+    const auto comando = [&](const char* nome, const char* cosa, const char* esempio) {
+        CLI::App* c = app.add_subcommand(nome, cosa)->group("Comandi");
+        c->footer(std::string("Esempio: tk07 ") + esempio);
+        return c;
+    };
+
+    std::string dir, file;
+    OpzioniVerifica verifica;
+    std::vector<std::string> lista;
+    bool json = false, avviaProgrammi = false;
+
+    CLI::App* c = comando("inizializza", "Prepara un albero di direttori con le librerie",
+                          "inizializza ~/nodi");
+    c->add_option("DIR", dir, "Direttorio nuovo o vuoto")->required()->type_name("");
+    c->callback([&] { codice = ComandoInizializza(avvio, dir); });
+
+    c = comando("verifica", "Verifica i nodi e scrive le relazioni di calcolo",
+                "verifica --metodo slu nodo.tk7");
+    c->add_option("FILE", verifica.file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_option("--metodo", verifica.metodo, "Metodo: slu (NTC 2018) o ta (CNR 10011/88)")
+        ->check(CLI::IsMember({"slu", "ta"}))
+        ->type_name("slu|ta");
+    c->add_flag("--json", verifica.json, "Un oggetto JSON per file, su una riga");
+    c->add_flag("--fermati", verifica.fermati, "Si ferma se gli interassi non sono rispettati");
+    c->add_flag("--apri", verifica.apri, "Apre le relazioni nell'editor di testo");
+    c->add_flag("--stampa", verifica.stampa, "Stampa le relazioni");
+    c->callback([&] { codice = ComandoVerifica(avvio, verifica); });
+
+    c = comando("controlla", "Controlla congruenza e interassi, senza calcolo",
+                "controlla nodo.tk7");
+    c->add_option("FILE", lista, "File di nodo (.tk7)")->required()->type_name("");
+    c->callback([&] { codice = ComandoControlla(avvio, lista); });
+
+    c = comando("mostra", "Mostra un nodo in forma leggibile", "mostra nodo.tk7 --json");
+    c->add_option("FILE", file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_flag("--json", json, "In JSON, con le chiavi del file di nodo");
+    c->callback([&] { codice = ComandoMostra(avvio, file, json); });
+
+    c = comando("sezioni", "Elenca i profili della libreria", "sezioni --json");
+    c->add_flag("--json", json, "In JSON");
+    c->callback([&] { codice = ComandoSezioni(avvio, json); });
+
+    c = comando("materiali", "Elenca acciai, viti e calcestruzzi", "materiali");
+    c->add_flag("--json", json, "In JSON");
+    c->callback([&] { codice = ComandoMateriali(avvio, json); });
+
+    c = comando("sessione", "Sessione a righe JSON su ingresso e uscita standard",
+                "sessione < richieste.txt");
+    c->add_flag("--avvia-programmi", avviaProgrammi, "Avvia davvero i programmi esterni");
+    c->callback([&] { codice = ComandoSessione(avvio, avviaProgrammi); });
+
+    // Options come before the work of the command: callbacks run when all is parsed.
+    app.parse_complete_callback([&] {
+        if (!diroot.empty()) avvio.diroot = diroot;
+    });
+    try {
+        std::reverse(argomenti.begin(), argomenti.end());
+        app.parse(std::move(argomenti));
+        return codice;
+    } catch (const CLI::CallForHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::ParseError& e) {
+        Errore("tk07", InItaliano(e, app) + " (vedere tk07 --help)");
+        return kUscitaUso;
+    } catch (const std::exception& e) {
+        Errore("tk07", std::string("errore non recuperabile: ") + e.what());
+        return 70;
+    }
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/piattaforma.h"
+
+namespace tk07 {
+
+struct MessaggioDato {
+    std::string testo, titolo;
+    Segno segno = Segno::nessuno;
+    Pulsanti pulsanti = Pulsanti::OK;
+    Risposta risposta = Risposta::OK;
+};
+
+// The port of the command line: boxes go to standard error, one line each behind the file's name, and
+// are answered from the options.
+struct PortaCli {
+    std::string prefisso;       // what every line begins with
+    bool fermati = false;       // answers Cancel where a box offers it
+    bool apri = false;          // really shows reports
+    bool zitta = false;         // collects boxes without printing them
+    std::vector<MessaggioDato> messaggi;
+    std::string percorsoScelto;  // answers the next file dialog
+
+    // The port refers to this record, which must outlive it.
+    Piattaforma Fai();
+};
+
+// Line breaks of a message become blanks.
+std::string SuUnaRiga(const std::string& testo);
+// Prints an error line.
+void Errore(const std::string& prefisso, const std::string& testo);
+// Starts a program of the platform; notepad.exe and EXPLORER.EXE stand for its own viewers.
+bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
+                    bool attendi);
+
+}  // namespace tk07

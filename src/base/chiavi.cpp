@@ -1,0 +1,76 @@
+#include "base/chiavi.h"
+
+#include <algorithm>
+
+#include "base/testo.h"
+
+namespace tk07 {
+
+std::string ScriviChiave(std::string_view valore, std::string_view chiave,
+                         std::string_view commento) {
+    std::string r(valore);
+    const std::size_t lungo = NumeroCaratteri(valore);
+    r.append(std::max<std::size_t>(lungo + 1, 40) - lungo, ' ');
+    r.append("[").append(chiave).append("] ").append(commento);
+    return Taglia(r);
+}
+
+RigaChiave::RigaChiave(std::string_view riga) : testo(Taglia(riga)), minuscola(Minuscolo(testo)) {}
+
+bool LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola, std::string& valore,
+                 std::vector<short>& indici) {
+    indici.clear();
+    const std::string& m = riga.minuscola;
+    std::size_t p = m.find('[');
+    while (p != std::string::npos && m.compare(p + 1, chiaveMinuscola.size(), chiaveMinuscola) != 0) {
+        p = m.find('[', p + 1);
+    }
+    if (p == std::string::npos) return false;
+    const std::size_t dopo = p + 1 + chiaveMinuscola.size();
+    if (dopo >= m.size() || (m[dopo] != ' ' && m[dopo] != ']')) return false;
+    const std::size_t chiusa = m.find(']', dopo);
+    if (chiusa == std::string::npos) return false;
+    valore = Taglia(std::string_view(riga.testo).substr(0, p));
+    std::string resto = m.substr(dopo, chiusa - dopo);
+    while (indici.size() < 11) {
+        const std::string parola = TogliParola(resto);
+        if (parola.empty()) break;
+        indici.push_back(InteroIniziale(parola, "indice di [" + std::string(chiaveMinuscola) + "]"));
+    }
+    return true;
+}
+
+bool LeggiParametro(std::string_view riga, std::string_view nome, std::string& valore,
+                    std::string_view fine, std::string_view separatori) {
+    if (nome.empty() || riga.size() < 4) return false;
+    std::string cerca = Minuscolo(nome);
+    if (cerca.front() != '|') cerca.insert(0, "|");
+    if (!FinisceCon(cerca, fine)) cerca += fine;
+    std::string r(riga);
+    for (char& c : r) {
+        if (separatori.find(c) != std::string_view::npos) c = '|';
+    }
+    if (r.front() != '|') r.insert(0, "|");
+    if (std::count(r.begin(), r.end(), '|') < 2) r += '|';
+    const std::size_t p = Minuscolo(r).find(cerca);
+    if (p == std::string::npos) return false;
+    const std::size_t da = p + cerca.size();
+    valore = r.substr(da, r.find('|', da) - da);
+    return true;
+}
+
+std::string TogliParola(std::string& testo, char separatore) {
+    std::replace(testo.begin(), testo.end(), '\t', separatore);
+    testo = Taglia(testo);
+    const std::size_t p = testo.find(separatore);
+    if (p == std::string::npos) {
+        std::string tutta;
+        tutta.swap(testo);
+        return tutta;
+    }
+    std::string parola = Taglia(std::string_view(testo).substr(0, p));
+    testo = Taglia(std::string_view(testo).substr(p + 1));
+    return parola;
+}
+
+}  // namespace tk07

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tk07 {
+
+// Largest file that any reader takes [bytes]. Real files are some thousand times smaller.
+inline constexpr std::size_t kMassimoFile = 32u << 20;
+
+// Paths are composed as written, with `\` or `/`. The platform's form: its own separator, existing
+// components found case-blind (exact match first), new names as spelled.
+std::string PercorsoPiattaforma(std::string_view percorso);
+// The path with the platform's separator only, for titles and messages.
+std::string PercorsoMostrato(std::string_view percorso);
+bool EsisteDirettorio(std::string_view percorso);
+bool EsisteFile(std::string_view percorso);
+// Name of the file without its directories, and without what follows the last point.
+std::string NomeSenzaDirettorio(std::string_view percorso);
+std::string NomeBase(std::string_view percorso);
+
+// Bytes to UTF-8: valid UTF-8 (with or without BOM) as it is, anything else as Windows-1252.
+std::string DaBytes(std::string_view bytes);
+std::string DaWindows1252(std::string_view bytes);
+// UTF-8 to Windows-1252; false when a character has no place there (`uscita` is then unusable).
+bool AWindows1252(std::string_view testo, std::string& uscita);
+bool Utf8Valido(std::string_view bytes);
+
+struct FileLetto {
+    bool riuscito = false;
+    std::string errore;              // why not, in words
+    std::vector<std::string> righe;  // without line ends; LF and CRLF alike
+};
+
+// Raw bytes of a file; false with the reason when it cannot be read or is above kMassimoFile.
+bool LeggiBytes(std::string_view percorso, std::string& bytes, std::string& errore);
+FileLetto LeggiRighe(std::string_view percorso);
+
+enum class Codifica { windows1252, utf8 };
+// Writes to a temporary name in the same directory, flushes and renames over the old file, so that a
+// failed write leaves the old contents whole. With windows1252 a text that does not fit is written
+// as UTF-8. Returns the empty text, or the system's own message.
+std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica);
+
+}  // namespace tk07

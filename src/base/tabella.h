@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "base/errore.h"
+
+namespace tk07 {
+
+// Array with the bounds of the design, both included: Tab1<double, 0, 100> Xbull, used as Xbull(i).
+// An index out of bounds is a fatal fault, never a write outside the array.
+template <class T, int Lo, int Hi>
+class Tab1 {
+  public:
+    static constexpr int kLo = Lo;
+    static constexpr int kHi = Hi;
+
+    T& operator()(long i) { return v_[Posto(i)]; }
+    const T& operator()(long i) const { return v_[Posto(i)]; }
+    void Riempi(const T& x) { v_.fill(x); }
+    // Elements da..a (both included) as a span, checked once: for inner loops.
+    std::span<const T> Tratto(long da, long a) const {
+        if (a < da) return {};
+        return {&v_[Posto(da)], Posto(a) - Posto(da) + 1};
+    }
+    bool operator==(const Tab1&) const = default;
+
+  private:
+    static std::size_t Posto(long i) {
+        if (i < Lo || i > Hi) IndiceFuori(i, Lo, Hi);
+        return static_cast<std::size_t>(i - Lo);
+    }
+    std::array<T, static_cast<std::size_t>(Hi - Lo + 1)> v_{};
+};
+
+// Table of results by load set (rows 0..n-1, sized by what is in use) and a second index with fixed
+// bounds Lo..Hi; always bounds-checked.
+template <class T, int Lo, int Hi>
+class TabPerSestetto {
+  public:
+    void Dimensiona(long righe) {
+        righe_ = righe < 0 ? 0 : righe;
+        v_.assign(static_cast<std::size_t>(righe_) * kColonne, T{});
+    }
+    T& operator()(long s, long i) { return v_[Posto(s, i)]; }
+    const T& operator()(long s, long i) const { return v_[Posto(s, i)]; }
+    // Row s from its lower bound on, checked once: for inner loops.
+    std::span<T, static_cast<std::size_t>(Hi - Lo + 1)> Riga(long s) {
+        return std::span<T, kColonne>(&v_[Posto(s, Lo)], kColonne);
+    }
+    long Righe() const { return righe_; }
+
+  private:
+    static constexpr std::size_t kColonne = static_cast<std::size_t>(Hi - Lo + 1);
+    std::size_t Posto(long s, long i) const {
+        if (s < 0 || s >= righe_) IndiceFuori(s, 0, righe_ - 1);
+        if (i < Lo || i > Hi) IndiceFuori(i, Lo, Hi);
+        return static_cast<std::size_t>(s) * kColonne + static_cast<std::size_t>(i - Lo);
+    }
+    long righe_ = 0;
+    std::vector<T> v_;
+};
+
+}  // namespace tk07

@@ -1,0 +1,219 @@
+#include "base/testo.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "base/aritmetica.h"
+#include "base/errore.h"
+
+namespace tk07 {
+
+namespace {
+
+bool Bianco(char c) { return c == ' ' || c == '\t'; }
+bool Cifra(char c) { return c >= '0' && c <= '9'; }
+
+// Length of the number at the start of `t` (sign, digits with a point, exponent), 0 when none.
+std::size_t LunghezzaNumero(std::string_view t) {
+    std::size_t i = 0;
+    if (i < t.size() && (t[i] == '+' || t[i] == '-')) ++i;
+    const std::size_t inizio = i;
+    while (i < t.size() && Cifra(t[i])) ++i;
+    std::size_t cifre = i - inizio;
+    if (i < t.size() && t[i] == '.') {
+        std::size_t j = i + 1;
+        while (j < t.size() && Cifra(t[j])) ++j;
+        cifre += j - i - 1;
+        if (cifre > 0) i = j;
+    }
+    if (cifre == 0) return 0;
+    if (i < t.size() && (t[i] == 'e' || t[i] == 'E')) {
+        std::size_t j = i + 1;
+        if (j < t.size() && (t[j] == '+' || t[j] == '-')) ++j;
+        const std::size_t esp = j;
+        while (j < t.size() && Cifra(t[j])) ++j;
+        if (j > esp) i = j;
+    }
+    return i;
+}
+
+double Converti(std::string_view t) {
+    if (!t.empty() && t.front() == '+') t.remove_prefix(1);
+    double x = 0.0;
+    const auto r = std::from_chars(t.data(), t.data() + t.size(), x);
+    if (r.ec == std::errc::result_out_of_range) {
+        // Too small is 0; too large has no value.
+        const std::size_t e = t.find_first_of("eE");
+        if (e != std::string_view::npos && e + 1 < t.size() && t[e + 1] == '-') return 0.0;
+        throw ErroreFatale("Numero troppo grande: " + std::string(t.substr(0, 40)));
+    }
+    return x;
+}
+
+// Folds one two-byte Latin letter C3 80..C3 BE; 0xD7 and 0xF7 (times, divide) have no case.
+char PiegaLatino(unsigned char c, bool minuscolo) {
+    if (minuscolo && c >= 0x80 && c <= 0x9E && c != 0x97) return static_cast<char>(c + 0x20);
+    if (!minuscolo && c >= 0xA0 && c <= 0xBE && c != 0xB7) return static_cast<char>(c - 0x20);
+    return static_cast<char>(c);
+}
+
+std::string Piega(std::string_view testo, bool minuscolo) {
+    std::string r(testo);
+    for (std::size_t i = 0; i < r.size(); ++i) {
+        const char c = r[i];
+        if (minuscolo && c >= 'A' && c <= 'Z') r[i] = static_cast<char>(c + 32);
+        if (!minuscolo && c >= 'a' && c <= 'z') r[i] = static_cast<char>(c - 32);
+        if (static_cast<unsigned char>(c) == 0xC3 && i + 1 < r.size()) {
+            ++i;
+            r[i] = PiegaLatino(static_cast<unsigned char>(r[i]), minuscolo);
+        }
+    }
+    return r;
+}
+
+}  // namespace
+
+std::string TagliaDestra(std::string_view t) {
+    while (!t.empty() && Bianco(t.back())) t.remove_suffix(1);
+    return std::string(t);
+}
+
+std::string Taglia(std::string_view t) {
+    while (!t.empty() && Bianco(t.back())) t.remove_suffix(1);
+    while (!t.empty() && Bianco(t.front())) t.remove_prefix(1);
+    return std::string(t);
+}
+
+std::string Minuscolo(std::string_view testo) { return Piega(testo, true); }
+std::string Maiuscolo(std::string_view testo) { return Piega(testo, false); }
+
+bool UgualeSenzaMaiuscole(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && Minuscolo(a) == Minuscolo(b);
+}
+
+bool Contiene(std::string_view testo, std::string_view cerca) {
+    return testo.find(cerca) != std::string_view::npos;
+}
+
+bool FinisceCon(std::string_view testo, std::string_view fine) {
+    return testo.size() >= fine.size() && testo.substr(testo.size() - fine.size()) == fine;
+}
+
+std::size_t NumeroCaratteri(std::string_view testo) {
+    return static_cast<std::size_t>(std::count_if(
+        testo.begin(), testo.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string PrimiCaratteri(std::string_view testo, std::size_t n) {
+    std::size_t i = 0;
+    while (i < testo.size()) {
+        if ((static_cast<unsigned char>(testo[i]) & 0xC0) != 0x80 && n-- == 0) break;
+        ++i;
+    }
+    return std::string(testo.substr(0, i));
+}
+
+std::string EstraiCampo(std::string& riga, char separatore) {
+    std::replace(riga.begin(), riga.end(), '\t', ' ');
+    riga = Taglia(riga);
+    const std::size_t p = riga.find(separatore);
+    if (p == std::string::npos) {
+        std::string campo = riga;
+        riga.clear();
+        return campo;
+    }
+    std::string campo = Taglia(std::string_view(riga).substr(0, p));
+    riga = Taglia(std::string_view(riga).substr(p + 1));
+    return campo;
+}
+
+int ContaCampi(std::string_view riga) {
+    int n = 0;
+    bool dentro = false;
+    for (const char c : riga) {
+        if (Bianco(c)) {
+            dentro = false;
+        } else if (!dentro) {
+            dentro = true;
+            if (++n == 50) break;
+        }
+    }
+    return n;
+}
+
+std::string SostituisciTesto(std::string_view testo, std::string_view cerca, std::string_view nuovo,
+                             Maiuscole maiuscole) {
+    if (cerca.empty()) return std::string(testo);
+    const bool piega = maiuscole == Maiuscole::indifferenti;
+    const std::string dove = piega ? Minuscolo(testo) : std::string(testo);
+    const std::string cosa = piega ? Minuscolo(cerca) : std::string(cerca);
+    std::string r;
+    std::size_t i = 0;
+    for (std::size_t p = dove.find(cosa); p != std::string::npos; p = dove.find(cosa, i)) {
+        r.append(testo.substr(i, p - i)).append(nuovo);
+        i = p + cosa.size();
+    }
+    return r.append(testo.substr(i));
+}
+
+std::vector<std::string> Dividi(std::string_view testo, char separatore) {
+    std::vector<std::string> r;
+    for (;;) {
+        const std::size_t p = testo.find(separatore);
+        r.emplace_back(testo.substr(0, p));
+        if (p == std::string_view::npos) return r;
+        testo.remove_prefix(p + 1);
+    }
+}
+
+std::string TogliCR(std::string_view testo) {
+    std::string r;
+    r.reserve(testo.size());
+    for (const char c : testo) {
+        if (c == '\r') {
+            r += ' ';
+        } else if (c != '\n') {
+            r += c;
+        }
+    }
+    return r;
+}
+
+double ValoreIniziale(std::string_view t) {
+    while (!t.empty() && Bianco(t.front())) t.remove_prefix(1);
+    const std::size_t n = LunghezzaNumero(t);
+    return n == 0 ? 0.0 : Converti(t.substr(0, n));
+}
+
+std::optional<double> ValoreStretto(std::string_view testo) {
+    while (!testo.empty() && Bianco(testo.back())) testo.remove_suffix(1);
+    while (!testo.empty() && Bianco(testo.front())) testo.remove_prefix(1);
+    if (testo.empty() || LunghezzaNumero(testo) != testo.size()) return std::nullopt;
+    double x = 0.0;
+    const bool piu = testo.front() == '+';
+    const auto r = std::from_chars(testo.data() + (piu ? 1 : 0), testo.data() + testo.size(), x);
+    if (r.ec != std::errc()) return std::nullopt;
+    return x;
+}
+
+short InteroIniziale(std::string_view testo, std::string_view dove) {
+    try {
+        return InteroCorto(ValoreIniziale(testo));
+    } catch (const ErroreFatale& e) {
+        throw ErroreFatale(e.what(), std::string(dove));
+    }
+}
+
+std::string TestoReale(double x) {
+    char buf[512];
+    if (x == 0.0) return "0";
+    const auto piana = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::fixed);
+    if (piana.ec == std::errc() && piana.ptr - buf <= 25) return {buf, piana.ptr};
+    const auto r = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
+    return {buf, r.ptr};
+}
+
+std::string TestoIntero(long x) { return std::to_string(x); }
+
+}  // namespace tk07

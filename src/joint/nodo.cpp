@@ -1,0 +1,61 @@
+#include "joint/nodo.h"
+
+#include "base/aritmetica.h"
+
+namespace tk07 {
+
+void RicalcolaNervatura3(Nodo& n) {
+    n.BNerv(3) = (n.TraPri.B - n.TraPri.tw) / 2.0 + n.distPiastraTraPri - n.SpPiastra(1);
+    n.H1Nerv(3) = n.H2Nerv(3) = n.TraPri.H - 2.0 * n.TraPri.tf;
+    n.SmussoNerv(3) = Int(n.TraPri.r + 0.99);
+}
+
+void NodoDiDefault(Nodo& n, const LibreriaProfili& profili, const Materiali& mat,
+                   const Piattaforma& p) {
+    constexpr double kLarghezzaMinima = 120.0;  // mm, floor on the width of both plates
+    constexpr double kInSu = 0.99;              // with Int: up to the next whole millimetre
+    n.TraPri = profili.Profili(CercaProfiloDaNome(profili, "IPE270", p));
+    n.TraSec = profili.Profili(CercaProfiloDaNome(profili, "IPE160", p));
+    n.BPiastra(1) = Max(n.TraPri.B, kLarghezzaMinima);
+    n.HPiastra(1) = Int(n.TraPri.H - 2.0 * n.TraPri.tf);
+    n.SpPiastra(1) = Int(Max(n.TraPri.tf, n.TraSec.tf));
+    n.distAlaSecPiastra = (n.TraPri.H - n.TraSec.H) / 2.0;
+    n.distPiastraTraPri = 0.0;
+    n.distAliPriSec = (n.TraPri.H - n.TraSec.H) / 2.0;
+    n.AttNerv(1) = n.AttNerv(2) = true;
+    for (int i = 1; i <= 2; ++i) {
+        n.H1Nerv(i) = n.distAlaSecPiastra;
+        n.H2Nerv(i) = Int(2.0 / 3.0 * n.H1Nerv(i));
+        n.BNerv(i) = Int(n.TraSec.H / 2.0 + kInSu);
+        n.SpNerv(i) = Int(n.TraSec.tw + kInSu);
+    }
+    n.SpNerv(3) = Int(n.TraSec.tw + kInSu);
+    n.BPiastra(2) = Max(n.TraSec.B, kLarghezzaMinima);
+    n.HPiastra(2) = Max(n.H1Nerv(1), n.distAlaSecPiastra) + n.TraSec.H + n.H1Nerv(2);
+    n.SpPiastra(2) = Int(Max(n.TraPri.tf, n.TraSec.tf));
+    n.vite = mat.Viti(4);
+    n.acciaio = mat.AcciaiAperte(1);
+    n.Esposizione = 0;
+    n.spSaldS1 = n.spSaldS2 = 10.0;
+    RicalcolaNervatura3(n);
+}
+
+double CimaPiastra2(const Nodo& n) {
+    return (n.TraPri.H + n.HPiastra(1)) / 2.0 - n.distAliPriSec + n.distAlaSecPiastra;
+}
+
+double AsseSecondaria(const Nodo& n) {
+    return n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec - n.TraSec.H / 2.0;
+}
+
+Rettangolo AreaComune(const Nodo& n) {
+    const double cima2 = CimaPiastra2(n);
+    Rettangolo r;
+    r.xMax = Min(n.BPiastra(1) / 2.0, n.BPiastra(2) / 2.0);
+    r.xMin = -r.xMax;
+    r.yMax = Min(n.HPiastra(1), cima2);
+    r.yMin = Max(0.0, cima2 - n.HPiastra(2));
+    return r;
+}
+
+}  // namespace tk07

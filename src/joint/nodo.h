@@ -1,0 +1,73 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/piattaforma.h"
+#include "base/tabella.h"
+#include "libraries/materiali.h"
+#include "libraries/profili.h"
+
+namespace tk07 {
+
+inline constexpr int kMaxBulloni = 100;
+inline constexpr int kMaxSestetto = 500;  // last slot of the load table
+inline constexpr int kMaxNodi = 2000;
+
+// The joint. Lengths in mm, forces in daN, moments in daN cm. Plates: 1 on the main beam, 2 on the
+// secondary beam. Ribs: 1 above and 2 below the secondary beam on plate 2, 3 inside the main beam.
+// Bolts lie at 1..nBull, load sets at 0..nSollAg-1.
+struct Nodo {
+    ProfiloRec TraPri, TraSec;
+    double distAlaSecPiastra = 0.0;  // top flange of TraSec to the upper end of plate 2
+    double distPiastraTraPri = 0.0;  // main beam to plate 2, positive away from the web
+    double distAliPriSec = 0.0;      // between the upper flanges of the beams
+    Tab1<double, 1, 2> BPiastra, HPiastra, SpPiastra;
+
+    Tab1<bool, 1, 3> AttNerv;  // rib 3 is always there and its switch stays false
+    Tab1<double, 1, 3> SpNerv, H1Nerv, H2Nerv, BNerv, SmussoNerv;
+
+    double spSaldS1 = 10.0, spSaldS2 = 10.0;  // legs of the fillet welds
+
+    short nBull = 0;
+    // x from the joint's vertical axis, y from the lower end of plate 1, shank diameter, selection.
+    Tab1<double, 0, kMaxBulloni> Xbull, Ybull, Fibull, SelBull;
+
+    MaterialeRec acciaio;
+    ViteRec vite;
+    short Esposizione = 0;  // 0 exposed to corrosion, 1 not exposed, 2 resistant
+    short TipoVer = 1;      // 0 allowable stress, 1 limit states
+
+    short nSollAg = 0;
+    Tab1<double, 0, kMaxSestetto> SforzoNormale, TaglioY, TaglioZ, MomTorc, MomY, MomZ;
+    Tab1<short, 0, kMaxSestetto> CasoCarico;  // 0 type I, 1 type II (allowable stress only)
+    Tab1<std::string, 0, kMaxSestetto> NomeSa;
+
+    short numNodi = 0;
+    Tab1<short, 0, kMaxNodi> NomeNodi;
+
+    // Lines of a newer file whose keys are unknown here: written back at the end of the file.
+    std::vector<std::string> RigheSconosciute;
+
+    Metodo MetodoVerifica() const { return TipoVer == 0 ? Metodo::TA : Metodo::SLU; }
+};
+
+// Fills the joint with the default geometry, from the library's IPE270 and IPE160. Bolts and load
+// sets stay as they are. The steel is row 1 of its table (the caller applies base materials).
+void NodoDiDefault(Nodo& nodo, const LibreriaProfili& profili, const Materiali& mat,
+                   const Piattaforma& p);
+
+// Rib 3 follows from the main beam and plate 1; only its thickness is the user's.
+void RicalcolaNervatura3(Nodo& nodo);
+
+// Plate coordinates: x from the centre line, y from the lower end of plate 1, mm.
+double CimaPiastra2(const Nodo& nodo);    // upper end of plate 2
+double AsseSecondaria(const Nodo& nodo);  // axis of the secondary beam
+
+// The overlap of the two plates.
+struct Rettangolo {
+    double xMin = 0.0, xMax = 0.0, yMin = 0.0, yMax = 0.0;
+};
+Rettangolo AreaComune(const Nodo& nodo);
+
+}  // namespace tk07

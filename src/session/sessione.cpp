@@ -1,0 +1,107 @@
+#include "session/sessione.h"
+
+#include <memory>
+
+#include "base/file_testo.h"
+#include "base/testo.h"
+#include "joint/controlla_dati.h"
+
+namespace tk07 {
+
+bool EseguiComando(Sessione& s, const std::function<void()>& comando) {
+    const auto prima = std::make_unique<Nodo>(s.nodo);
+    try {
+        comando();
+        return true;
+    } catch (const ErroreFatale& e) {
+        std::string testo = "Errore non recuperabile: " + std::string(e.what());
+        if (!e.Dove().empty()) testo += "\nin " + e.Dove();
+        if (!s.dir.dirTemp.empty() && EsisteDirettorio(s.dir.dirTemp)) {
+            const std::string recupero = s.dir.dirTemp + "\\TK07_recupero.tk7";
+            const std::string errore = ScriviFile(
+                recupero, TestoFileNodo(*prima, s.piattaforma.orologio()), Codifica::windows1252);
+            testo += errore.empty() ? "\nIl nodo è stato salvato in " + PercorsoMostrato(recupero)
+                                    : "\nIl nodo non è stato salvato in " +
+                                          PercorsoMostrato(recupero) + ": " + errore;
+        }
+        s.nodo = *prima;
+        MostraErrore(s.piattaforma, testo);
+        s.fine = true;
+        s.codiceUscita = kUscitaFatale;
+        return false;
+    }
+}
+
+std::string ComponiTitolo(const std::string& direttorio, const std::string& file) {
+    std::string t = std::string(kTitoloProgramma) + " - LPZ ARGANO e quanta KX " + kReleaseSuite;
+    const bool conDirettorio = !direttorio.empty();
+    if (conDirettorio) {
+        t += " - " + direttorio;
+        if (t.back() == '\\' || t.back() == '/') t.pop_back();
+    }
+    if (!file.empty()) t += (conDirettorio ? "\\" : " - ") + file;
+    return PercorsoMostrato(t);
+}
+
+bool ApriNodo(Sessione& s, const std::string& percorso) {
+    double releaseArgano = 0.0, releaseFile = 0.0;
+    if (!LeggiRelease(percorso, releaseArgano, releaseFile, true, s.piattaforma)) return false;
+    s.ultimaLettura = NoteLettura{};
+    if (releaseFile < 1.0) {
+        if (!LeggiFileNodoVecchio(s.nodo, percorso, s.piattaforma, &s.ultimaLettura)) return false;
+        ControllaMateriali(s);
+    } else if (!LeggiFileNodo(s.nodo, percorso, s.piattaforma, &s.ultimaLettura)) {
+        return false;
+    }
+    s.RisultatiValidi = false;
+    s.nomeFile = NomeBase(percorso);
+    s.InsDati.titolo = ComponiTitolo(s.dir.dirLavoro, s.nomeFile + ".tk7");
+
+    const LibreriaProfili& lib = s.profili;
+    Nodo& n = s.nodo;
+    n.TraPri = lib.Profili(CercaProfiloDaNome(lib, std::string(n.TraPri.Nome), s.piattaforma));
+    n.TraSec = lib.Profili(CercaProfiloDaNome(lib, std::string(n.TraSec.Nome), s.piattaforma));
+    // Names that the tables lack are told and replaced by the check of the materials.
+    if (const int i = IndiceAcciaio(s.mat, n.acciaio.Nome); i > 0) n.acciaio = s.mat.AcciaiAperte(i);
+    if (const int i = IndiceVite(s.mat, n.vite.Nome); i > 0) n.vite = s.mat.Viti(i);
+    ControllaMateriali(s);
+    AggiornaTutto(s);
+    return true;
+}
+
+void ControllaMateriali(Sessione& s) {
+    Nodo& n = s.nodo;
+    const Materiali& mat = s.mat;
+    const auto avvisa = [&](const std::string& testo) {
+        s.piattaforma.messaggio(testo, kTitoloProgramma, Segno::nessuno, Pulsanti::OK);
+    };
+    if (IndiceAcciaio(mat, n.acciaio.Nome) == 0) {
+        avvisa("Attenzione: tipo acciaio non accettabile (" + Taglia(n.acciaio.Nome) +
+               "). Scegliere un acciaio dalla tendina dei  materiali");
+        const int posizione = AlternativaMateriale(n.MetodoVerifica(), "PROFILI", n.acciaio.Nome,
+                                                   mat.nAcciaiAperte, mat.AcciaiAperte);
+        n.acciaio = mat.AcciaiAperte(posizione + 1);
+    }
+    if (mat.MostraBulloni && IndiceVite(mat, n.vite.Nome) == 0) {
+        avvisa("Attenzione: classe viti non accettabile (" + Taglia(n.vite.Nome) +
+               "). Scegliere una classe dalla tendina delle viti");
+        n.vite = mat.Viti(mat.nViti >= 4 ? 4 : 1);
+    }
+}
+
+void VerificaSessione(Sessione& s) {
+    s.RisultatiValidi = false;
+    s.ultimaVerifica = RisultatoVerifica{};
+    RicalcolaNervatura3(s.nodo);
+    if (ControllaDati(s.nodo, s.opz, s.piattaforma)) {
+        MostraAvviso(s.piattaforma, "La verifica non è possibile!");
+        return;
+    }
+    s.piattaforma.puntatore(11);
+    s.ultimaVerifica = VerificaNodo(s.nodo, s.opz, s.unita, {s.dir.dirLavoro, s.nomeFile}, s.ris,
+                                    s.piattaforma);
+    s.RisultatiValidi = s.ultimaVerifica.esito == EsitoVerifica::completata;
+    s.piattaforma.puntatore(0);
+}
+
+}  // namespace tk07

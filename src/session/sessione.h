@@ -1,0 +1,101 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/piattaforma.h"
+#include "drawing/font.h"
+#include "drawing/stili_grb.h"
+#include "joint/file_nodo.h"
+#include "joint/nodo.h"
+#include "libraries/materiali.h"
+#include "libraries/profili.h"
+#include "options/opzioni.h"
+#include "session/direttori.h"
+#include "session/pannello.h"
+#include "textnum/unita.h"
+#include "verification/risultati.h"
+#include "verification/verifica_nodo.h"
+
+namespace tk07 {
+
+inline constexpr int kUscitaFatale = 70;
+inline constexpr int kUscitaAvvio = 2;  // a start-up that fails
+
+// Everything of one run of the program. Made once by the shell, on the heap; there is no other
+// mutable state, so two sessions in one process never touch each other.
+struct Sessione {
+    Piattaforma piattaforma;
+    Direttori dir;
+    std::string nomeFile = "Nuovo";
+    Unita unita;
+    FontTratti font;
+    StiliGrb stili;
+    LibreriaProfili profili;
+    Materiali mat;
+    Opzioni opz;
+    Nodo nodo;
+    Risultati ris;
+    bool RisultatiValidi = false;  // the result record belongs to a completed verification
+    RisultatoVerifica ultimaVerifica;
+    NoteLettura ultimaLettura;
+
+    Pannello InsDati;          // the main panel
+    short Aggiornamento = 0;   // 1 while a refresh writes to fields: change handlers stay idle
+    short Vista3dAperta = 0;   // 1 while the 3D view is to be kept in step
+    std::array<MaterialeRec, 2> AcciaioMemoria;  // steel last used with each method
+    std::string titoloRicercaNodi;               // title of the node search tool
+
+    bool fine = false;  // the program has ended
+    int codiceUscita = 0;
+};
+
+// Runs a command inside the boundary that catches a fatal fault: the joint as it stood before is
+// written to the temporary directory, one critical box tells what happened, where, and the recovery
+// path, and the session ends with exit code 70. Returns false then.
+bool EseguiComando(Sessione& s, const std::function<void()>& comando);
+
+// Start-up in its fixed order. False when the program must end; the reason was told. To be run
+// inside EseguiComando.
+bool Avvia(Sessione& s, const Avvio& avvio);
+
+// Caption of the main panel from directory and file name (either may be empty).
+std::string ComponiTitolo(const std::string& direttorio, const std::string& file);
+
+// Opens a joint file: stamps, reader of its format, library records, materials, refresh of the
+// panel. False when the file cannot be read; nothing has changed then.
+bool ApriNodo(Sessione& s, const std::string& percorso);
+// Third rib, consistency checks, verification, report.
+void VerificaSessione(Sessione& s);
+// Whether the steel and the bolt class of the joint are in the tables; what is not is told and
+// replaced.
+void ControllaMateriali(Sessione& s);
+// Selects the verification method as the panel's option does; nothing when it is selected already.
+void ScegliMetodo(Sessione& s, Metodo metodo);
+// Applies the base steel of the structure model.
+void ApplicaMaterialeBase(Sessione& s);
+
+// Refresh routines of the main panel.
+void CostruisciInsDati(Sessione& s);
+void pnn1_aggiorna_profili(Sessione& s, short forzaP, short forzaS);
+void pnn1_aggiorna_NervaturePiastre(Sessione& s);
+void pnn1_aggiorna_BulloniSaldature(Sessione& s);
+void pnn1_aggiorna_materiali(Sessione& s);
+void pnn1_aggiorna_sollecitazioni(Sessione& s, int primaRiga);
+void pnn2_ScriviDatiProfilo(Sessione& s, int indiceProfilo, const std::string& etichette);
+void AggiornaTutto(Sessione& s);
+
+// Operations of the panel, by control name. Each returns the empty text, or why the request cannot be
+// carried out (unknown, hidden or disabled control, entry that is not in the list); a fatal fault is
+// dealt with inside.
+std::string PremiPulsante(Sessione& s, const std::string& nome);
+std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string& testo, int tasto);
+std::string ScegliVoce(Sessione& s, const std::string& nome, int indice);
+std::string ScegliVoce(Sessione& s, const std::string& nome, const std::string& voce);
+std::string ImpostaCasella(Sessione& s, const std::string& nome, int valore);
+std::string ScegliOpzione(Sessione& s, const std::string& nome);
+std::string Scorri(Sessione& s, const std::string& nome, int valore);
+
+}  // namespace tk07

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "joint/nodo.h"
+#include "verification/poligono.h"
+#include "verification/risultati.h"
+
+namespace tk07 {
+
+// Values of the joint that every load set uses: worked out once for a run.
+struct GeometriaVerifica {
+    Tab1<double, 0, kMaxBulloni> Area;  // AreaResistente of bolt i [mm2]
+    double XG = 0.0, YG = 0.0;          // centroid of the bolts weighted by their area [mm]
+    double Ip = 0.0;                    // polar moment of the bolts about it [mm4]
+    double distAzioni = 0.0;            // axis of the main beam to the face of plate 2 [mm]
+    double yAsse = 0.0;                 // axis of the secondary beam [mm]
+};
+GeometriaVerifica PreparaGeometria(const Nodo& nodo);
+
+// Whether the moment of the transport to the bolt plane counts for load set s. Kept on purpose: the
+// test looks at Mz and Ty alone and decides for both moments; where the transport does not reverse
+// the sign of Mz it is left out.
+bool Trasporta(const Nodo& nodo, int s, double distAzioni);
+
+// The solver's input: contact rectangle of the two plates, bolts as bars, moments about the axis of
+// the secondary beam. Loads are not touched.
+void PreparaPoligono(const Nodo& nodo, const GeometriaVerifica& geo, PoligonoCompresso& pol);
+
+// Shares of every bolt for every load set: stress plane, axial share, direct shear and torsion.
+//   Reads       nodo, geo
+//   Writes      ris.Sigma, ris.Sig; TA: ris.Tau; SLU: ris.Ft_Ed, ris.Fv_Ed
+//   Actions     daN, daN cm (times 10 in use); Ty positive downwards, Mz pairs with y, My with x
+//   Degenerate  no equilibrium, or torsion on a single point: false after a box
+// Direct shear goes in equal parts to all bolts, whatever their area; friction is not counted.
+bool AzioniBulloni(const Nodo& nodo, const GeometriaVerifica& geo, PoligonoCompresso& pol,
+                   Risultati& ris, const Piattaforma& p);
+
+}  // namespace tk07
