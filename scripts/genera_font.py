@@ -206,7 +206,9 @@ def accentate(g):
 
 
 def segni(g):
-    apice = lambda c, dx=0: trasforma(g[c], sx=0.6, sy=0.55, dx=18 + dx, dy=31)  # noqa: E731
+    def apice(c):
+        return trasforma(g[c], sx=0.6, sy=0.55, dx=18, dy=31)
+
     g[" "] = g["\xa0"] = []
     g["!"] = [linea(49.5, 99, 49.5, 52), punto(49.5, 33)]
     g['"'] = [linea(34, 99, 34, 80), linea(65, 99, 65, 80)]
@@ -316,7 +318,7 @@ def segni(g):
     g["¶"] = [linea(84, 99, 40, 99) + arco(40, 80, 30, 19, 90, 270, 8)[1:] + linea(54, 61),
               linea(54, 99, 54, 18), linea(76, 99, 76, 18)]
     g["·"] = [punto(49.5, 62)]
-    g["¸"] = trasforma(ACCENTI["cediglia"])
+    g["¸"] = ACCENTI["cediglia"]
     g["º"] = trasforma(g["o"], sx=0.6, sy=0.6, dx=20, dy=40) + [linea(22, 58, 77, 58)]
     uno = trasforma(g["1"], sx=0.42, sy=0.44, dx=0, dy=39)
     barra = [linea(16, 30, 83, 99)]

@@ -112,10 +112,12 @@ std::string Verdetto(const Sessione& s) {
     const std::string quanti = std::to_string(n) + (n == 1 ? " sestetto" : " sestetti");
     const std::string metodo = NomeMetodo(s.nodo.MetodoVerifica());
     if (falliti == 0) return "NODO VERIFICATO (" + metodo + ", " + quanti + ")";
-    return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti + ")";
+    return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti +
+           ")";
 }
 
-int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz, const std::string& file) {
+int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
+                 const std::string& file) {
     int codice = ApriFile(s, porta, file);
     if (codice == kUscitaOk) {
         EseguiComando(s, [&] {
@@ -146,8 +148,8 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz, const
     return codice;
 }
 
-// Runs `lavoro` on every file, each in a session that starts from the default joint. The exit code is
-// the largest; a fatal fault ends the run.
+// Runs `lavoro` on every file, each in a session that starts from the default joint. The exit code
+// is the largest; a fatal fault ends the run.
 template <class Lavoro>
 int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file, Lavoro lavoro,
                 bool fermati = false, bool apri = false) {

@@ -34,7 +34,8 @@ std::string InizializzaAlbero(const std::string& origine, const std::string& des
     std::string errore = ScriviFile((a / "impostazioni/dirlav").string(),
                                     (a / "lavori").string() + "\n", Codifica::windows1252);
     if (errore.empty()) {
-        errore = ScriviFile((a / "impostazioni/lavoro").string(), "esempi\n", Codifica::windows1252);
+        errore =
+            ScriviFile((a / "impostazioni/lavoro").string(), "esempi\n", Codifica::windows1252);
     }
     return errore;
 }

@@ -11,10 +11,14 @@ namespace {
 Json Valore(const Nodo& n, const CampoNodo& campo, int i) {
     const std::string t = campo.testo(n, i);
     switch (campo.tipo) {
-        case TipoCampo::testo: return t;
-        case TipoCampo::booleano: return t == "1";
-        case TipoCampo::intero: return std::stol(t);
-        case TipoCampo::reale: break;
+        case TipoCampo::testo:
+            return t;
+        case TipoCampo::booleano:
+            return t == "1";
+        case TipoCampo::intero:
+            return std::stol(t);
+        case TipoCampo::reale:
+            break;
     }
     return Json::parse(t, nullptr, false);
 }
@@ -62,11 +66,11 @@ Json JsonSestetto(const Sessione& s, int k) {
 }
 
 Json JsonAcciaio(const MaterialeRec& a) {
-    return {{"Nome", a.Nome},       {"Designazione", a.Designazione},
-            {"Samm", a.Samm},       {"Samm80", a.Samm80},
-            {"Fyk40", a.Fyk40},     {"Ftk40", a.Ftk40},
-            {"Fyk80", a.Fyk80},     {"Ftk80", a.Ftk80},
-            {"GammaM", a.GammaM},   {"GammaMT", a.GammaMT}};
+    return {{"Nome", a.Nome},     {"Designazione", a.Designazione},
+            {"Samm", a.Samm},     {"Samm80", a.Samm80},
+            {"Fyk40", a.Fyk40},   {"Ftk40", a.Ftk40},
+            {"Fyk80", a.Fyk80},   {"Ftk80", a.Ftk80},
+            {"GammaM", a.GammaM}, {"GammaMT", a.GammaMT}};
 }
 
 template <class Rec, class Fai>
@@ -129,8 +133,16 @@ Json JsonSezioni(const LibreriaProfili& lib) {
     Json a = Json::array();
     for (int i = 1; i <= lib.nProfili; ++i) {
         const ProfiloRec& p = lib.Profili(i);
-        a.push_back({{"Nome", p.Nome}, {"H", p.H}, {"B", p.B}, {"tw", p.tw}, {"tf", p.tf},
-                     {"r", p.r}, {"Area", p.Area}, {"J1", p.J1}, {"J2", p.J2}, {"J3", p.J3}});
+        a.push_back({{"Nome", p.Nome},
+                     {"H", p.H},
+                     {"B", p.B},
+                     {"tw", p.tw},
+                     {"tf", p.tf},
+                     {"r", p.r},
+                     {"Area", p.Area},
+                     {"J1", p.J1},
+                     {"J2", p.J2},
+                     {"J3", p.J3}});
     }
     return a;
 }
@@ -140,9 +152,12 @@ Json JsonMateriali(const Materiali& mat) {
     j["AcciaiAperte"] = Tavola(mat.AcciaiAperte, mat.nAcciaiAperte, JsonAcciaio);
     j["AcciaiChiuse"] = Tavola(mat.AcciaiChiuse, mat.nAcciaiChiuse, JsonAcciaio);
     j["Viti"] = Tavola(mat.Viti, mat.nViti, [](const ViteRec& v) {
-        return Json{{"Nome", v.Nome},         {"SammVite", v.SammVite},
-                    {"TauAmmVite", v.TauAmmVite}, {"FyVite", v.FyVite},
-                    {"FtVite", v.FtVite},     {"ViteQuinto", v.ViteQuinto},
+        return Json{{"Nome", v.Nome},
+                    {"SammVite", v.SammVite},
+                    {"TauAmmVite", v.TauAmmVite},
+                    {"FyVite", v.FyVite},
+                    {"FtVite", v.FtVite},
+                    {"ViteQuinto", v.ViteQuinto},
                     {"GammaMVite", v.GammaMVite}};
     });
     j["Calcestruzzi"] = Tavola(mat.Calcestruzzi, mat.nCalcestruzzi, [](const CalcestruzzoRec& c) {
@@ -164,33 +179,27 @@ Json JsonMateriali(const Materiali& mat) {
 Json JsonOpzioni(const Opzioni& opz) {
     Json righe = Json::array();
     for (const RigaOpzione& r : opz.Righe) {
-        righe.push_back({{"valore", r.Valore}, {"tipo", r.Tipo}, {"programmi", r.Programmi},
-                         {"gruppo", r.Gruppo}, {"etichetta", r.Etichetta}});
+        righe.push_back({{"valore", r.Valore},
+                         {"tipo", r.Tipo},
+                         {"programmi", r.Programmi},
+                         {"gruppo", r.Gruppo},
+                         {"etichetta", r.Etichetta}});
     }
     return {{"gruppi", opz.Gruppi}, {"righe", righe}};
 }
 
 Json JsonUnita(const Unita& u) {
-    return {{"AccelerazioneG", u.AccelerazioneG},
-            {"NordGeografico", u.NordGeografico},
-            {"UnitaLunghezze", u.UnitaLunghezze},
-            {"FattoreLunghezze", u.FattoreLunghezze},
-            {"DecimaliLunghezze", u.DecimaliLunghezze},
-            {"UnitaForze", u.UnitaForze},
-            {"FattoreForze", u.FattoreForze},
-            {"DecimaliForze", u.DecimaliForze},
-            {"UnitaMomenti", u.UnitaMomenti},
-            {"FattoreMomenti", u.FattoreMomenti},
-            {"DecimaliMomenti", u.DecimaliMomenti},
-            {"UnitaTensioni", u.UnitaTensioni},
-            {"FattoreTensioni", u.FattoreTensioni},
-            {"DecimaliTensioni", u.DecimaliTensioni},
-            {"UnitaSezioni", u.UnitaSezioni},
-            {"FattoreSezioni", u.FattoreSezioni},
-            {"DecimaliSezioni", u.DecimaliSezioni},
-            {"UnitaCarichiSup", u.UnitaCarichiSup},
-            {"FattoreCarichiSup", u.FattoreCarichiSup},
-            {"DecimaliCarichiSup", u.DecimaliCarichiSup}};
+    return {
+        {"AccelerazioneG", u.AccelerazioneG},       {"NordGeografico", u.NordGeografico},
+        {"UnitaLunghezze", u.UnitaLunghezze},       {"FattoreLunghezze", u.FattoreLunghezze},
+        {"DecimaliLunghezze", u.DecimaliLunghezze}, {"UnitaForze", u.UnitaForze},
+        {"FattoreForze", u.FattoreForze},           {"DecimaliForze", u.DecimaliForze},
+        {"UnitaMomenti", u.UnitaMomenti},           {"FattoreMomenti", u.FattoreMomenti},
+        {"DecimaliMomenti", u.DecimaliMomenti},     {"UnitaTensioni", u.UnitaTensioni},
+        {"FattoreTensioni", u.FattoreTensioni},     {"DecimaliTensioni", u.DecimaliTensioni},
+        {"UnitaSezioni", u.UnitaSezioni},           {"FattoreSezioni", u.FattoreSezioni},
+        {"DecimaliSezioni", u.DecimaliSezioni},     {"UnitaCarichiSup", u.UnitaCarichiSup},
+        {"FattoreCarichiSup", u.FattoreCarichiSup}, {"DecimaliCarichiSup", u.DecimaliCarichiSup}};
 }
 
 Json JsonDirettori(const Direttori& d) {
@@ -207,7 +216,8 @@ Json JsonPannello(const Pannello& p) {
     for (const auto& [nome, c] : p.controlli) {
         Json j;
         j["testo"] = c.testo;
-        const bool conValore = c.tipo == TipoControllo::casella || c.tipo == TipoControllo::opzione ||
+        const bool conValore = c.tipo == TipoControllo::casella ||
+                               c.tipo == TipoControllo::opzione ||
                                c.tipo == TipoControllo::scorrimento;
         if (conValore) j["valore"] = c.valore;
         if (c.tipo == TipoControllo::scorrimento) {
@@ -225,8 +235,6 @@ Json JsonPannello(const Pannello& p) {
     return {{"titolo", p.titolo}, {"controlli", controlli}};
 }
 
-std::string SuRiga(const Json& j) {
-    return j.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
+std::string SuRiga(const Json& j) { return j.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 }  // namespace tk07

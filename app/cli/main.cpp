@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
-
+#include <algorithm>
+#include <clocale>
 #include <exception>
 #include <memory>
 
@@ -50,6 +51,7 @@ std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
 
 int main(int argc, char** argv) {
     using namespace tk07;
+    std::setlocale(LC_ALL, "");  // the system's own messages in the user's language
     Avvio avvio;
     avvio.dirProgramma = DirettorioProgramma(argv[0]);
     // The marked field |diroot=...| is taken as well, as one argument of its own.
@@ -66,9 +68,10 @@ int main(int argc, char** argv) {
     app.fallthrough();
     std::string diroot;
     app.add_option("--diroot", diroot, "Radice dell'albero dei direttori")->type_name("DIR");
-    app.footer("Esempio: tk07 verifica lavori/esempi/01_ipe160_su_ipe270.tk7\n"
-               "Uscita: 0 verificato, 1 non verificato, 2 uso o lettura errati, 3 verifica non "
-               "possibile, 70 errore non recuperabile");
+    app.footer(
+        "Esempio: tk07 verifica lavori/esempi/01_ipe160_su_ipe270.tk7\n"
+        "Uscita: 0 verificato, 1 non verificato, 2 uso o lettura errati, 3 verifica non "
+        "possibile, 70 errore non recuperabile");
 
     int codice = kUscitaOk;
     const auto comando = [&](const char* nome, const char* cosa, const char* esempio) {

@@ -32,14 +32,14 @@ class Riga {
 
 std::string Profilo(const char* nome, const ProfiloRec& p) {
     return Riga()
-               .T(nome, 20)
-               .T(p.Nome, 12)
-               .T("H " + Num(p.H), 10)
-               .T("B " + Num(p.B), 10)
-               .T("tw " + Num(p.tw), 10)
-               .T("tf " + Num(p.tf), 10)
-               .T("r " + Num(p.r), 8)
-               .Fine();
+        .T(nome, 20)
+        .T(p.Nome, 12)
+        .T("H " + Num(p.H), 10)
+        .T("B " + Num(p.B), 10)
+        .T("tw " + Num(p.tw), 10)
+        .T("tf " + Num(p.tf), 10)
+        .T("r " + Num(p.r), 8)
+        .Fine();
 }
 
 }  // namespace
@@ -48,16 +48,17 @@ std::string TestoNodo(const Sessione& s) {
     const Nodo& n = s.nodo;
     const Unita& u = s.unita;
     std::string t = s.nomeFile + "\n";
-    t += std::string("Metodo: ") + (n.MetodoVerifica() == Metodo::SLU
-                                        ? "Stati limite (NTC 2018)"
-                                        : "Tensioni ammissibili (CNR 10011/88)") +
+    t += std::string("Metodo: ") +
+         (n.MetodoVerifica() == Metodo::SLU ? "Stati limite (NTC 2018)"
+                                            : "Tensioni ammissibili (CNR 10011/88)") +
          "\n\nTravi [mm]\n";
     t += Profilo("  principale", n.TraPri) + Profilo("  secondaria", n.TraSec);
     t += "\nQuote [mm]\n";
     t += "  ala secondaria - cima piastra 2:  " + Num(n.distAlaSecPiastra) + "\n";
     t += "  trave principale - piastra 2:     " + Num(n.distPiastraTraPri) + "\n";
     t += "  tra le ali superiori delle travi: " + Num(n.distAliPriSec) + "\n";
-    t += "\nPiastre [mm]\n" + Riga().T("", 22).T("      B", 8).T("       H", 10).T("     Sp", 8).Fine();
+    t += "\nPiastre [mm]\n" +
+         Riga().T("", 22).T("      B", 8).T("       H", 10).T("     Sp", 8).Fine();
     for (int i = 1; i <= 2; ++i) {
         t += Riga()
                  .T(i == 1 ? "  1 (principale)" : "  2 (secondaria)", 20)
@@ -84,7 +85,8 @@ std::string TestoNodo(const Sessione& s) {
     t += "\nSaldature [mm]\n  lato S1 " + Num(n.spSaldS1) + ", lato S2 " + Num(n.spSaldS2) + "\n";
     t += "\nMateriali\n  acciaio " + n.acciaio.Nome + ", viti classe " + n.vite.Nome + "\n";
     if (n.Esposizione >= 0 && n.Esposizione <= 2) {
-        t += "  " + s.InsDati["ComboEsposizione"].voci[static_cast<std::size_t>(n.Esposizione)] + "\n";
+        t += "  " + s.InsDati["ComboEsposizione"].voci[static_cast<std::size_t>(n.Esposizione)] +
+             "\n";
     }
     t += "\nBulloni (" + std::to_string(n.nBull) + ") [mm]\n";
     if (n.nBull > 0) t += Riga().T("", 6).T("      X", 9).T("       Y", 10).T("   Fi", 6).Fine();
@@ -181,8 +183,8 @@ std::string TestoMateriali(const Materiali& mat) {
             const MaterialeRec& a = tab(i);
             Riga r;
             r.T("  " + Taglia(a.Nome), 22).T(Taglia(a.Designazione), 16);
-            for (const double x : {a.Samm, a.Samm80, a.Fyk40, a.Ftk40, a.Fyk80, a.Ftk80, a.GammaM,
-                                   a.GammaMT}) {
+            for (const double x :
+                 {a.Samm, a.Samm80, a.Fyk40, a.Ftk40, a.Fyk80, a.Ftk80, a.GammaM, a.GammaMT}) {
                 r.N(x, 8);
             }
             t += r.Fine();
@@ -203,7 +205,8 @@ std::string TestoMateriali(const Materiali& mat) {
         const ViteRec& v = mat.Viti(i);
         Riga r;
         r.T("  " + v.Nome, 8);
-        for (const double x : {v.SammVite, v.TauAmmVite, v.FyVite, v.FtVite, v.GammaMVite}) r.N(x, 12);
+        for (const double x : {v.SammVite, v.TauAmmVite, v.FyVite, v.FtVite, v.GammaMVite})
+            r.N(x, 12);
         t += r.Fine();
     }
     t += "\nCalcestruzzi [daN/cm2]\n";

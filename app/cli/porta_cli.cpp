@@ -15,7 +15,8 @@ namespace tk07 {
 
 std::string SuUnaRiga(const std::string& testo) {
     std::string t = testo;
-    std::replace_if(t.begin(), t.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    std::replace_if(
+        t.begin(), t.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return t;
 }
 
@@ -61,7 +62,9 @@ Piattaforma PortaCli::Fai() {
         return FileScelto{percorsoScelto, 1};
     };
     p.avvia = [this](const std::string& programma, const std::vector<std::string>& argomenti,
-                     bool attendi) { return apri && AvviaProgramma(programma, argomenti, attendi); };
+                     bool attendi) {
+        return apri && AvviaProgramma(programma, argomenti, attendi);
+    };
     return p;
 }
 

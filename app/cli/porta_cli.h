@@ -14,13 +14,13 @@ struct MessaggioDato {
     Risposta risposta = Risposta::OK;
 };
 
-// The port of the command line: boxes go to standard error, one line each behind the file's name, and
-// are answered from the options.
+// The port of the command line: boxes go to standard error, one line each behind the file's name,
+// and are answered from the options.
 struct PortaCli {
-    std::string prefisso;       // what every line begins with
-    bool fermati = false;       // answers Cancel where a box offers it
-    bool apri = false;          // really shows reports
-    bool zitta = false;         // collects boxes without printing them
+    std::string prefisso;  // what every line begins with
+    bool fermati = false;  // answers Cancel where a box offers it
+    bool apri = false;     // really shows reports
+    bool zitta = false;    // collects boxes without printing them
     std::vector<MessaggioDato> messaggi;
     std::string percorsoScelto;  // answers the next file dialog
 

@@ -41,8 +41,8 @@ int Intero(const Json& r, const char* chiave) {
 std::string TestoFormattato(const Json& r, const Piattaforma& p) {
     const std::string comando = Testo(r, "formatta");
     if (!comando.empty() || !r.contains("larghezza")) {
-        return Formatta(Numero(r, "valore"), comando, r.contains("fattore") ? Numero(r, "fattore") : 1.0,
-                        p);
+        return Formatta(Numero(r, "valore"), comando,
+                        r.contains("fattore") ? Numero(r, "fattore") : 1.0, p);
     }
     const int larghezza = Intero(r, "larghezza");
     const Separatore sep = r.value("separatore", false) ? Separatore::barra : Separatore::no;
@@ -77,12 +77,11 @@ struct Protocollo::Stato {
         base.messaggio = [this](const std::string& testo, const std::string& titolo, Segno segno,
                                 Pulsanti pulsanti) {
             const Risposta r = Prossima() == "Annulla" ? Risposta::Annulla : Risposta::OK;
-            messaggi.push_back(
-                {{"testo", testo},
-                 {"titolo", titolo},
-                 {"segno", NomeSegno(segno)},
-                 {"pulsanti", pulsanti == Pulsanti::OKAnnulla ? "OKAnnulla" : "OK"},
-                 {"risposta", r == Risposta::OK ? "OK" : "Annulla"}});
+            messaggi.push_back({{"testo", testo},
+                                {"titolo", titolo},
+                                {"segno", NomeSegno(segno)},
+                                {"pulsanti", pulsanti == Pulsanti::OKAnnulla ? "OKAnnulla" : "OK"},
+                                {"risposta", r == Risposta::OK ? "OK" : "Annulla"}});
             return r;
         };
         base.scegliFile = [this](const RichiestaFile& rf) -> std::optional<FileScelto> {

@@ -7,7 +7,8 @@
 
 namespace tk07 {
 
-// The line protocol: one JSON object a line in, one out. The start-up answers as if it were a request.
+// The line protocol: one JSON object a line in, one out. The start-up answers as if it were a
+// request.
 class Protocollo {
   public:
     // `base` fills what the protocol does not answer itself (the clock).

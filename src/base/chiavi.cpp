@@ -22,7 +22,8 @@ bool LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola, std::
     indici.clear();
     const std::string& m = riga.minuscola;
     std::size_t p = m.find('[');
-    while (p != std::string::npos && m.compare(p + 1, chiaveMinuscola.size(), chiaveMinuscola) != 0) {
+    while (p != std::string::npos &&
+           m.compare(p + 1, chiaveMinuscola.size(), chiaveMinuscola) != 0) {
         p = m.find('[', p + 1);
     }
     if (p == std::string::npos) return false;
@@ -35,7 +36,8 @@ bool LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola, std::
     while (indici.size() < 11) {
         const std::string parola = TogliParola(resto);
         if (parola.empty()) break;
-        indici.push_back(InteroIniziale(parola, "indice di [" + std::string(chiaveMinuscola) + "]"));
+        indici.push_back(
+            InteroIniziale(parola, "indice di [" + std::string(chiaveMinuscola) + "]"));
     }
     return true;
 }

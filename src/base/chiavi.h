@@ -19,8 +19,8 @@ struct RigaChiave {
 };
 
 // True when the line carries the key: "[" + key, then a blank or "]", then a "]". Case does not
-// count. `valore` is the trimmed text before the bracket; `indici` up to 11 whole numbers behind the
-// key. An index beyond 16 bits is a fatal fault.
+// count. `valore` is the trimmed text before the bracket; `indici` up to 11 whole numbers behind
+// the key. An index beyond 16 bits is a fatal fault.
 bool LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola, std::string& valore,
                  std::vector<short>& indici);
 

@@ -7,7 +7,8 @@ namespace tk07 {
 
 // A fault that ends the run: an index out of its bounds, a strict number that is none, an
 // unreadable settings file. Thrown where it happens, caught once at the session's command
-// boundary, which saves the joint aside and tells the user. `dove` names file, line, key or control.
+// boundary, which saves the joint aside and tells the user. `dove` names file, line, key or
+// control.
 class ErroreFatale : public std::runtime_error {
   public:
     explicit ErroreFatale(const std::string& cosa, std::string dove = {})
@@ -22,9 +23,9 @@ class ErroreFatale : public std::runtime_error {
 
 }  // namespace tk07
 
-#define PRETENDI(cond, cosa) \
-    do {                     \
-        if (!(cond)) {       \
+#define PRETENDI(cond, cosa)                                         \
+    do {                                                             \
+        if (!(cond)) {                                               \
             throw ::tk07::ErroreFatale(cosa, std::string(__func__)); \
-        }                    \
+        }                                                            \
     } while (false)

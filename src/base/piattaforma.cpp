@@ -46,11 +46,16 @@ void MostraAvviso(const Piattaforma& p, const std::string& testo, const std::str
 
 std::string NomeSegno(Segno s) {
     switch (s) {
-        case Segno::critico: return "critico";
-        case Segno::esclamazione: return "esclamazione";
-        case Segno::informazione: return "informazione";
-        case Segno::domanda: return "domanda";
-        case Segno::nessuno: break;
+        case Segno::critico:
+            return "critico";
+        case Segno::esclamazione:
+            return "esclamazione";
+        case Segno::informazione:
+            return "informazione";
+        case Segno::domanda:
+            return "domanda";
+        case Segno::nessuno:
+            break;
     }
     return "nessuno";
 }

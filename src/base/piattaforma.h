@@ -49,7 +49,7 @@ struct Piattaforma {
     std::function<bool(const std::string& titolo)> attivaFinestra;
     std::function<void(const std::string& tasti)> inviaTasti;
     std::function<void(int forma)> puntatore;  // 11 busy, 0 normal
-    std::function<void(const std::string& nome)> apriPannello, chiudiPannello;
+    std::function<void(const std::string&nome)> apriPannello, chiudiPannello;
     // False asks a long command to stop, where it can.
     std::function<bool(long fatto, long totale, const std::string& testo)> avanzamento;
     std::function<Orologio()> orologio;

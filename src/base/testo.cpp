@@ -101,8 +101,9 @@ bool FinisceCon(std::string_view testo, std::string_view fine) {
 }
 
 std::size_t NumeroCaratteri(std::string_view testo) {
-    return static_cast<std::size_t>(std::count_if(
-        testo.begin(), testo.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+    return static_cast<std::size_t>(std::count_if(testo.begin(), testo.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    }));
 }
 
 std::string PrimiCaratteri(std::string_view testo, std::size_t n) {

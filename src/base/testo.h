@@ -10,8 +10,8 @@ namespace tk07 {
 // Texts in memory are UTF-8. Case folding is that of ASCII and of the Latin letters with accents
 // (U+00C0..U+00FE), which covers every name and key of the suite.
 
-std::string Taglia(std::string_view testo);            // without blanks and tabs at both ends
-std::string TagliaDestra(std::string_view testo);      // without blanks and tabs at the end
+std::string Taglia(std::string_view testo);        // without blanks and tabs at both ends
+std::string TagliaDestra(std::string_view testo);  // without blanks and tabs at the end
 std::string Minuscolo(std::string_view testo);
 std::string Maiuscolo(std::string_view testo);
 bool UgualeSenzaMaiuscole(std::string_view a, std::string_view b);

@@ -12,9 +12,9 @@ namespace {
 short Conteggio(const std::string& v, int massimo, const std::string& dove) {
     const short n = InteroIniziale(v, dove);
     if (n > massimo) {
-        throw ErroreFatale("Valore " + std::to_string(n) + " oltre il massimo di " +
-                               std::to_string(massimo),
-                           dove);
+        throw ErroreFatale(
+            "Valore " + std::to_string(n) + " oltre il massimo di " + std::to_string(massimo),
+            dove);
     }
     return n;
 }
@@ -109,11 +109,11 @@ constexpr CampoNodo kMetodo[] = {
 #undef NODO_INTERO
 
 const GruppoCampi kGruppi[] = {
-    {IndiceCampo::nessuno, kTravi},    {IndiceCampo::piastra, kPiastre},
+    {IndiceCampo::nessuno, kTravi},       {IndiceCampo::piastra, kPiastre},
     {IndiceCampo::nervatura, kNervature}, {IndiceCampo::nessuno, kSaldature},
-    {IndiceCampo::bullone, kBulloni},  {IndiceCampo::nessuno, kMateriali},
-    {IndiceCampo::sestetto, kSestetti}, {IndiceCampo::nessuno, kNumNodi},
-    {IndiceCampo::nodo, kNodi},        {IndiceCampo::nessuno, kMetodo},
+    {IndiceCampo::bullone, kBulloni},     {IndiceCampo::nessuno, kMateriali},
+    {IndiceCampo::sestetto, kSestetti},   {IndiceCampo::nessuno, kNumNodi},
+    {IndiceCampo::nodo, kNodi},           {IndiceCampo::nessuno, kMetodo},
 };
 
 }  // namespace
@@ -124,12 +124,18 @@ int PrimoIndice(IndiceCampo indice) { return indice == IndiceCampo::sestetto ? 0
 
 int UltimoIndice(IndiceCampo indice, const Nodo& n) {
     switch (indice) {
-        case IndiceCampo::nessuno: return 1;
-        case IndiceCampo::piastra: return 2;
-        case IndiceCampo::nervatura: return 3;
-        case IndiceCampo::bullone: return n.nBull;
-        case IndiceCampo::sestetto: return n.nSollAg - 1;
-        case IndiceCampo::nodo: break;
+        case IndiceCampo::nessuno:
+            return 1;
+        case IndiceCampo::piastra:
+            return 2;
+        case IndiceCampo::nervatura:
+            return 3;
+        case IndiceCampo::bullone:
+            return n.nBull;
+        case IndiceCampo::sestetto:
+            return n.nSollAg - 1;
+        case IndiceCampo::nodo:
+            break;
     }
     return n.numNodi;
 }

@@ -45,7 +45,8 @@ bool ControllaDati(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
         return !(n.HPiastra(i) > 0.0 && n.BPiastra(i) > 0.0 && n.SpPiastra(i) > 0.0);
     };
     const auto saldaturaGrande = [&](int i) {
-        return n.AttNerv(i) && (n.spSaldS1 > Max(n.H1Nerv(i), n.H2Nerv(i)) || n.spSaldS1 > n.BNerv(i));
+        return n.AttNerv(i) &&
+               (n.spSaldS1 > Max(n.H1Nerv(i), n.H2Nerv(i)) || n.spSaldS1 > n.BNerv(i));
     };
 
     controlla(n.TraSec.H > n.TraPri.H, "Trave secondaria più alta della trave principale.");
@@ -88,9 +89,9 @@ bool ControllaDati(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
 
     controlla(n.distPiastraTraPri > n.SpPiastra(1),
               "La piastra 1 esce completamente dalla trave principale.");
-    controlla(n.distAlaSecPiastra - n.distAliPriSec + n.TraPri.tf > 0.0 &&
-                  n.distPiastraTraPri < 0.0,
-              "La piastra 2 si interseca con l'ala della trave principale.");
+    controlla(
+        n.distAlaSecPiastra - n.distAliPriSec + n.TraPri.tf > 0.0 && n.distPiastraTraPri < 0.0,
+        "La piastra 2 si interseca con l'ala della trave principale.");
     return errato;
 }
 

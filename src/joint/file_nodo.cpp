@@ -15,14 +15,13 @@ namespace {
 
 std::string DataSalvataggio(const Orologio& o) {
     std::array<char, 64> buf{};
-    std::snprintf(buf.data(), buf.size(), "%04d_%02d_%02d_%02d_%02d", o.anno, o.mese, o.giorno, o.ora,
-                  o.minuto);
+    std::snprintf(buf.data(), buf.size(), "%04d_%02d_%02d_%02d_%02d", o.anno, o.mese, o.giorno,
+                  o.ora, o.minuto);
     return buf.data();
 }
 
 std::string ConIndice(const char* chiave, IndiceCampo indice, int i) {
-    return indice == IndiceCampo::nessuno ? chiave
-                                          : std::string(chiave) + " " + std::to_string(i);
+    return indice == IndiceCampo::nessuno ? chiave : std::string(chiave) + " " + std::to_string(i);
 }
 
 // Stores the line's value; true when one of the keys takes it.

@@ -14,24 +14,25 @@ inline constexpr const char* kFiltroNodo = "File nodo 7 (*.tk7)|*.tk7|Tutti i fi
 // What a reader found beside the values: for callers that want to tell it.
 struct NoteLettura {
     std::vector<std::string> ChiaviMancanti;  // keys that the file lacks ("SpPiastra 2")
-    int RigaInterrotta = 0;                   // old format: line at which the reading stopped, 0 none
-    std::string Causa;                        // and why
+    int RigaInterrotta = 0;  // old format: line at which the reading stopped, 0 none
+    std::string Causa;       // and why
 };
 
 // The text of the joint file, keyed format.
 std::string TestoFileNodo(const Nodo& nodo, const Orologio& adesso);
-// Writes it; false after a box with the system's message. A file that exists keeps its contents then.
+// Writes it; false after a box with the system's message. A file that exists keeps its contents
+// then.
 bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p);
 
 // Release stamps of line 1; false when the file cannot be read (with a box if `conMessaggio`).
 bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& releaseFile,
                   bool conMessaggio, const Piattaforma& p);
 
-// Keyed format: reads what the file holds into `nodo`; a key that it lacks leaves the field, but for
-// Esposizione and TipoVer, which fall to 0. `AttNerv` is true exactly for 1. False after a box when
-// the file cannot be opened; no field has changed then.
-// Fatal fault, with file, line and key: an index or a count beyond the arrays, a whole number beyond
-// 16 bits, a text in Esposizione or TipoVer that is no number.
+// Keyed format: reads what the file holds into `nodo`; a key that it lacks leaves the field, but
+// for Esposizione and TipoVer, which fall to 0. `AttNerv` is true exactly for 1. False after a box
+// when the file cannot be opened; no field has changed then. Fatal fault, with file, line and key:
+// an index or a count beyond the arrays, a whole number beyond 16 bits, a text in Esposizione or
+// TipoVer that is no number.
 bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p,
                    NoteLettura* note = nullptr);
 

@@ -14,8 +14,8 @@ struct FineLettura {
     std::string causa;
 };
 
-// Items of a positional file: separated by commas, blanks (numbers) or line ends; a text may stand in
-// quotes, without them it runs to the comma or the end of the line.
+// Items of a positional file: separated by commas, blanks (numbers) or line ends; a text may stand
+// in quotes, without them it runs to the comma or the end of the line.
 class Lettore {
   public:
     explicit Lettore(const std::vector<std::string>& righe) : righe_(righe) {}
@@ -132,7 +132,8 @@ void LeggiTutto(Nodo& n, Lettore& l) {
     }
     n.nSollAg = l.Intero(kMaxSestetto + 1);
     for (int k = 0; k < n.nSollAg; ++k) {
-        for (auto* azione : {&n.SforzoNormale, &n.TaglioY, &n.TaglioZ, &n.MomTorc, &n.MomY, &n.MomZ}) {
+        for (auto* azione :
+             {&n.SforzoNormale, &n.TaglioY, &n.TaglioZ, &n.MomTorc, &n.MomY, &n.MomZ}) {
             (*azione)(k) = l.Numero();
         }
         n.CasoCarico(k) = l.Intero();

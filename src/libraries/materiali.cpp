@@ -27,8 +27,8 @@ void PrendiNumeri(std::string riga, std::initializer_list<double*> dove) {
 void LeggiAcciaio(Lettore& l, MaterialeRec& rec) {
     rec.Nome = l.Riga();
     rec.Designazione = l.Riga();
-    // The file gives the values of thin plates first and then those of thick ones, the record groups
-    // them by quantity.
+    // The file gives the values of thin plates first and then those of thick ones, the record
+    // groups them by quantity.
     PrendiNumeri(l.Riga(), {&rec.Samm, &rec.Samm80, &rec.Fyk40, &rec.Ftk40, &rec.Fyk80, &rec.Ftk80,
                             &rec.GammaM, &rec.GammaMT});
 }
@@ -48,8 +48,8 @@ void LeggiAcciaioCa(Lettore& l, AcciaioCaRec& rec, short& flagFormatoVecchio) {
     rec.Nome = Taglia(l.Riga());
     const std::string riga = l.Riga();
     if (ContaCampi(riga) >= 5) {
-        PrendiNumeri(riga, {&rec.SammCa, &rec.Primo, &rec.Secondo, &rec.Terzo, &rec.Quinto,
-                            &rec.Quarto});
+        PrendiNumeri(riga,
+                     {&rec.SammCa, &rec.Primo, &rec.Secondo, &rec.Terzo, &rec.Quinto, &rec.Quarto});
         return;
     }
     // Older form: two values are fixed and not in the file.
@@ -63,9 +63,8 @@ template <class Rec, class Leggi>
 void LeggiGruppo(Lettore& l, TabellaMateriali<Rec>& tabella, short& n, Leggi leggi) {
     std::string riga = l.Riga();
     const auto conteggio = ValoreStretto(EstraiCampo(riga));
-    n = conteggio && *conteggio >= 0.0 && *conteggio <= 32767.0
-            ? static_cast<short>(*conteggio)
-            : static_cast<short>(0);
+    n = conteggio && *conteggio >= 0.0 && *conteggio <= 32767.0 ? static_cast<short>(*conteggio)
+                                                                : static_cast<short>(0);
     for (int i = 1; i <= n && !l.Finito(); ++i) {
         Rec oltre;  // rows beyond the table are read and dropped
         leggi(l, i <= kMaxMateriali ? tabella(i) : oltre);

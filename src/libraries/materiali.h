@@ -54,8 +54,8 @@ struct MaterialiBase {
 template <class Rec>
 using TabellaMateriali = Tab1<Rec, 0, kMaxMateriali>;
 
-// Tables are used from 1, element 0 stays empty. A count may lie above 50 when the file says so; the
-// rows beyond are not stored.
+// Tables are used from 1, element 0 stays empty. A count may lie above 50 when the file says so;
+// the rows beyond are not stored.
 struct Materiali {
     TabellaMateriali<MaterialeRec> AcciaiAperte, AcciaiChiuse;
     TabellaMateriali<ViteRec> Viti;
@@ -85,7 +85,8 @@ void DecifraRigaMatBase(std::string_view riga, Materiali& mat, const Piattaforma
 // Number of rows that can be read of a table whose count is `n`.
 inline int RigheUtili(short n) { return n < kMaxMateriali ? n : kMaxMateriali; }
 
-// Index of the first row of that very name, 0 when there is none; the Cerca... forms show a box then.
+// Index of the first row of that very name, 0 when there is none; the Cerca... forms show a box
+// then.
 int IndiceAcciaio(const Materiali& mat, std::string_view nome);
 int IndiceVite(const Materiali& mat, std::string_view nome);
 int CercaAcciaioDaNome(const Materiali& mat, std::string_view nome, const Piattaforma& p);

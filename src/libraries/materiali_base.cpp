@@ -13,10 +13,12 @@ namespace {
 constexpr const char* kAltroAcciaio =
     "Non è possibile utilizzare un tipo di acciaio personalizzato. Impostare un tipo standard";
 constexpr const char* kAltraClasse =
-    "Non è possibile utilizzare una classe personalizzata per il calcestruzzo. Impostare una classe "
+    "Non è possibile utilizzare una classe personalizzata per il calcestruzzo. Impostare una "
+    "classe "
     "standard";
 
-// A personalised base material is refused where its group is in use: the first of the table instead.
+// A personalised base material is refused where its group is in use: the first of the table
+// instead.
 void Rifiuta(std::string& nome, std::string_view personalizzato, bool inUso, const char* testo,
              const std::string& primo, const Piattaforma& p) {
     if (!inUso || Maiuscolo(nome) != personalizzato) return;
@@ -113,8 +115,8 @@ void LeggiMaterialiBase(std::string_view file, Materiali& mat, const Piattaforma
     mat.Base = MaterialiBase{};
     const FileLetto f = LeggiRighe(file);
     if (!f.riuscito) {
-        MostraAvviso(p,
-                     "Materiali Base non impostati, specificare un materiale nell'apposita sezione");
+        MostraAvviso(
+            p, "Materiali Base non impostati, specificare un materiale nell'apposita sezione");
         return;
     }
     if (f.righe.empty() || !Contiene(f.righe.front(), "[ReleaseQuestoFile=3]")) {
@@ -128,7 +130,8 @@ void LeggiMaterialiBase(std::string_view file, Materiali& mat, const Piattaforma
         try {
             DecifraRigaMatBase(f.righe[i], mat, p);
         } catch (const ErroreFatale& e) {
-            throw ErroreFatale(e.what(), PercorsoMostrato(file) + ", riga " + std::to_string(i + 1) +
+            throw ErroreFatale(e.what(), PercorsoMostrato(file) + ", riga " +
+                                             std::to_string(i + 1) +
                                              (e.Dove().empty() ? "" : ", " + e.Dove()));
         }
     }

@@ -15,22 +15,21 @@ enum class Campo { Area, J1, J2, J3, Lettera, H, B, tw, tf, r, r1, e1, e2 };
 using Formato = std::vector<std::pair<int, Campo>>;  // position behind family and size, field
 
 constexpr std::array<std::string_view, 28> kFamiglieIH = {
-    "IPE", "IPEA", "IPER", "IPEO", "IPEV", "HEA", "HEAA", "HEB", "HEM", "HEC",
+    "IPE", "IPEA", "IPER", "IPEO", "IPEV", "HEA", "HEAA", "HEB",  "HEM", "HEC",
     "DIL", "HER",  "HLAA", "HLA",  "HLB",  "HLM", "HLR",  "HXAA", "HXA", "HXB",
     "HXM", "HXR",  "HD",   "HP",   "M",    "W",   "UB",   "UC"};
 
 const Formato& FormatoIH() {
-    static const Formato f = {{1, Campo::Area}, {2, Campo::J1},       {5, Campo::J2},
-                              {10, Campo::J3},  {13, Campo::Lettera}, {16, Campo::H},
-                              {17, Campo::B},   {18, Campo::tw},      {19, Campo::tf},
-                              {20, Campo::r}};
+    static const Formato f = {{1, Campo::Area},     {2, Campo::J1}, {5, Campo::J2}, {10, Campo::J3},
+                              {13, Campo::Lettera}, {16, Campo::H}, {17, Campo::B}, {18, Campo::tw},
+                              {19, Campo::tf},      {20, Campo::r}};
     return f;
 }
 
 // Row layout of a family, nullptr for an unknown one.
 const Formato* FormatoFamiglia(std::string_view famiglia) {
     using enum Campo;
-    static const Formato upn = {{1, Area}, {2, J1}, {4, J2},  {6, J3},  {8, Lettera}, {11, H},
+    static const Formato upn = {{1, Area}, {2, J1},  {4, J2},  {6, J3},  {8, Lettera}, {11, H},
                                 {12, B},   {13, tw}, {14, tf}, {15, e2}, {16, r},      {17, r1}};
     static const Formato lu = {{1, Area}, {2, J1},  {4, J2},  {6, J3}, {8, Lettera}, {11, B},
                                {12, tw},  {13, e1}, {14, e2}, {16, r}, {17, r1}};
@@ -38,7 +37,7 @@ const Formato* FormatoFamiglia(std::string_view famiglia) {
                                {12, B},   {13, tw}, {14, e1}, {15, e2}, {16, r},      {17, r1}};
     static const Formato llu = {{1, Area}, {2, J1}, {3, J2}, {5, Lettera},
                                 {8, B},    {9, tw}, {10, tf}};
-    static const Formato quadro = {{1, Area}, {2, J1}, {4, J2}, {6, J3},
+    static const Formato quadro = {{1, Area},    {2, J1}, {4, J2}, {6, J3},
                                    {8, Lettera}, {11, B}, {12, tw}};
     static const Formato inp = [] {
         Formato f = FormatoIH();
@@ -59,19 +58,32 @@ const Formato* FormatoFamiglia(std::string_view famiglia) {
 
 double& Dato(ProfiloRec& rec, Campo c) {
     switch (c) {
-        case Campo::Area: return rec.Area;
-        case Campo::J1: return rec.J1;
-        case Campo::J2: return rec.J2;
-        case Campo::J3: return rec.J3;
-        case Campo::H: return rec.H;
-        case Campo::B: return rec.B;
-        case Campo::tw: return rec.tw;
-        case Campo::tf: return rec.tf;
-        case Campo::r: return rec.r;
-        case Campo::r1: return rec.r1;
-        case Campo::e1: return rec.e1;
-        case Campo::e2: return rec.e2;
-        case Campo::Lettera: break;
+        case Campo::Area:
+            return rec.Area;
+        case Campo::J1:
+            return rec.J1;
+        case Campo::J2:
+            return rec.J2;
+        case Campo::J3:
+            return rec.J3;
+        case Campo::H:
+            return rec.H;
+        case Campo::B:
+            return rec.B;
+        case Campo::tw:
+            return rec.tw;
+        case Campo::tf:
+            return rec.tf;
+        case Campo::r:
+            return rec.r;
+        case Campo::r1:
+            return rec.r1;
+        case Campo::e1:
+            return rec.e1;
+        case Campo::e2:
+            return rec.e2;
+        case Campo::Lettera:
+            break;
     }
     throw ErroreFatale("campo di profilo senza numero");
 }
@@ -145,7 +157,8 @@ short LeggiProfili(std::string_view file, int primoIndice, TabellaProfili& tabel
         if (nomeCercato != nullptr && nomeProfilo != *nomeCercato) continue;
         const Formato* formato = FormatoFamiglia(famiglia);
         if (formato == nullptr) continue;
-        const std::string dove = "riga " + std::to_string(i + 1) + ", profilo " + nomeProfilo + ": ";
+        const std::string dove =
+            "riga " + std::to_string(i + 1) + ", profilo " + nomeProfilo + ": ";
         if (indice > kMaxProfili) return fallito(dove + "più di 2000 profili");
         ProfiloRec rec = tabella(indice);
         AzzeraProfilo(rec);

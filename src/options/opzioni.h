@@ -32,7 +32,8 @@ struct Opzioni {
 };
 
 // Reads the options file: number of groups, groups, number of rows, rows with fields separated by
-// "|". On failure a box says what is wrong (file, line) and `opz` keeps what it had; returns success.
+// "|". On failure a box says what is wrong (file, line) and `opz` keeps what it had; returns
+// success.
 bool LeggiOpzioni(std::string_view nomeFile, Opzioni& opz, const Piattaforma& p);
 
 // True when `filtro` is empty or one of its "/"-separated items, trimmed, equals "TK07".

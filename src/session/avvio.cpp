@@ -17,8 +17,7 @@ bool Avvia(Sessione& s, const Avvio& avvio) {
     const Piattaforma& p = s.piattaforma;
     CostruisciInsDati(s);
     if (!RisolviDirettori(avvio, s.dir, p)) return false;
-    s.titoloRicercaNodi =
-        "NODO TRAVE - TRAVE CON PIASTRE - IMPORTA SOLLECITAZIONI 3D - Cerca nodi";
+    s.titoloRicercaNodi = "NODO TRAVE - TRAVE CON PIASTRE - IMPORTA SOLLECITAZIONI 3D - Cerca nodi";
     s.nomeFile = "Nuovo";
     s.InsDati.titolo = ComponiTitolo(s.dir.dirLavoro, "Nuovo.tk7");
 
@@ -29,11 +28,11 @@ bool Avvia(Sessione& s, const Avvio& avvio) {
 
     constexpr double kLunghezze = 1.0, kSezione = 10.0;  // the file: mm, cm2, cm4
     GuastoLettura guasto;
-    s.profili.nProfili = LeggiProfili(s.dir.dirCustom + "\\prof_pro", 1, s.profili.Profili, kLunghezze,
-                                      kSezione, kFamiglieNodo, &guasto);
+    s.profili.nProfili = LeggiProfili(s.dir.dirCustom + "\\prof_pro", 1, s.profili.Profili,
+                                      kLunghezze, kSezione, kFamiglieNodo, &guasto);
     if (s.profili.nProfili == 0) {
-        MostraErrore(p, "Profilario errato o mancante" +
-                            (guasto.testo.empty() ? "" : "\n" + guasto.testo));
+        MostraErrore(
+            p, "Profilario errato o mancante" + (guasto.testo.empty() ? "" : "\n" + guasto.testo));
         return false;
     }
     pnn1_aggiorna_sollecitazioni(s, -1);
@@ -47,8 +46,8 @@ bool Avvia(Sessione& s, const Avvio& avvio) {
     }
     LeggiMaterialiBase(s.dir.dirLavoro + "\\propmateriali.tx1", s.mat, p);
     Controllo& acciai = s.InsDati["Cb_Acciaio"];
-    acciai.voci = ListaMateriali(s.nodo.MetodoVerifica(), "PROFILI", s.mat.nAcciaiAperte,
-                                 s.mat.AcciaiAperte);
+    acciai.voci =
+        ListaMateriali(s.nodo.MetodoVerifica(), "PROFILI", s.mat.nAcciaiAperte, s.mat.AcciaiAperte);
     acciai.indice = acciai.voci.empty() ? -1 : 0;
     Controllo& viti = s.InsDati["Cviti"];
     for (int i = 1; i <= RigheUtili(s.mat.nViti); ++i) viti.voci.push_back(s.mat.Viti(i).Nome);

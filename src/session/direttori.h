@@ -13,8 +13,8 @@ namespace tk07 {
 struct Direttori {
     std::string dirRoot, dirImpostazioni, dirProgra, dirDriver, dirCustom, dirHelp, dirManuali,
         dirVideocorso, dirTemp, dirMacro2d;
-    std::string dirLavoro;   // directory of the jobs, then the job's name
-    std::string nomeLavoro;  // six characters
+    std::string dirLavoro;               // directory of the jobs, then the job's name
+    std::string nomeLavoro;              // six characters
     std::vector<std::string> dirModuli;  // sibling modules, unused here
 };
 

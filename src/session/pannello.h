@@ -11,7 +11,16 @@ namespace tk07 {
 inline constexpr unsigned long kColoreFinestra = 0x80000005UL;
 inline constexpr unsigned long kColoreTesto = 0x80000008UL;
 
-enum class TipoControllo { etichetta, campo, lista, casella, opzione, pulsante, scorrimento, superficie };
+enum class TipoControllo {
+    etichetta,
+    campo,
+    lista,
+    casella,
+    opzione,
+    pulsante,
+    scorrimento,
+    superficie
+};
 
 // One control of a panel, as data.
 struct Controllo {

@@ -1,9 +1,10 @@
 // The main panel as data: its controls, what each is bound to, and the refresh routines.
 
+#include "session/pannello_insdati.h"
+
 #include <array>
 
 #include "base/testo.h"
-#include "session/pannello_insdati.h"
 #include "session/sessione.h"
 #include "textnum/formatta.h"
 
@@ -31,10 +32,13 @@ constexpr Descrizione kControlli[] = {
     {"CheckNervatura2", casella, "Nervatura 2", "Nervatura sotto la trave secondaria"},
     {"Cb_Acciaio", lista, "", "Acciaio di profili e piastre"},
     {"Cviti", lista, "", "Classe dei bulloni"},
-    {"ComboEsposizione", lista, "", "Esposizione: decide le distanze massime dei bulloni (NTC 2018)"},
+    {"ComboEsposizione", lista, "",
+     "Esposizione: decide le distanze massime dei bulloni (NTC 2018)"},
     {"LabNorma", etichetta, "", "Norma dell'acciaio"},
-    {"CheckMatBase", pulsante, "Materiale base", "Applica l'acciaio dei materiali base della struttura"},
-    {"TipoVer(0)", opzione, "Tensioni ammissibili (CNR 10011/88)", "Verifica alle tensioni ammissibili"},
+    {"CheckMatBase", pulsante, "Materiale base",
+     "Applica l'acciaio dei materiali base della struttura"},
+    {"TipoVer(0)", opzione, "Tensioni ammissibili (CNR 10011/88)",
+     "Verifica alle tensioni ammissibili"},
     {"TipoVer(1)", opzione, "Stati limite (NTC 2008)", "Verifica agli stati limite"},
     {"Lb_nrosol", etichetta, "0", "Numero di sestetti di sollecitazione"},
     {"Lb_CasCar", etichetta, "II", "Caso di carico di tipo II (solo per tensioni ammissibili)"},
@@ -75,16 +79,24 @@ constexpr DescrizioneVettore kVettori[] = {
 
 // Index 1 of GeoPias has no binding: the height of plate 1 is the label GeoPias1.
 constexpr std::array<const char*, 15> kSuggerimentiGeo = {
-    "Larghezza della piastra 1 [mm]",          "",
-    "Spessore della piastra 1 [mm]",           "Larghezza della piastra 2 [mm]",
-    "Altezza della piastra 2 [mm]",            "Spessore della piastra 2 [mm]",
-    "Nervatura 1: altezza h1 alla piastra [mm]", "Nervatura 1: altezza h2 all'estremo [mm]",
-    "Nervatura 1: larghezza b [mm]",           "Nervatura 1: spessore [mm]",
-    "Nervatura 2: altezza h1 alla piastra [mm]", "Nervatura 2: altezza h2 all'estremo [mm]",
-    "Nervatura 2: larghezza b [mm]",           "Nervatura 2: spessore [mm]",
+    "Larghezza della piastra 1 [mm]",
+    "",
+    "Spessore della piastra 1 [mm]",
+    "Larghezza della piastra 2 [mm]",
+    "Altezza della piastra 2 [mm]",
+    "Spessore della piastra 2 [mm]",
+    "Nervatura 1: altezza h1 alla piastra [mm]",
+    "Nervatura 1: altezza h2 all'estremo [mm]",
+    "Nervatura 1: larghezza b [mm]",
+    "Nervatura 1: spessore [mm]",
+    "Nervatura 2: altezza h1 alla piastra [mm]",
+    "Nervatura 2: altezza h2 all'estremo [mm]",
+    "Nervatura 2: larghezza b [mm]",
+    "Nervatura 2: spessore [mm]",
     "Nervatura 3: spessore [mm]"};
 constexpr std::array<const char*, 3> kSuggerimentiQuote = {
-    "Distanza tra l'ala superiore della trave secondaria e l'estremo superiore della piastra 2 [mm]",
+    "Distanza tra l'ala superiore della trave secondaria e l'estremo superiore della piastra 2 "
+    "[mm]",
     "Distanza tra la trave principale e la piastra 2 [mm]",
     "Distanza tra le ali superiori delle due travi [mm]"};
 constexpr std::array<const char*, 2> kSuggerimentiSald = {
@@ -155,21 +167,32 @@ auto* Geometria(N& n, const std::string& base, int i) {
     }
     if (base != "GeoPias") return Reale{};
     switch (i) {
-        case 0: return &n.BPiastra(1);
-        case 2: return &n.SpPiastra(1);
-        case 3: return &n.BPiastra(2);
-        case 4: return &n.HPiastra(2);
-        case 5: return &n.SpPiastra(2);
-        case 14: return &n.SpNerv(3);
-        default: break;
+        case 0:
+            return &n.BPiastra(1);
+        case 2:
+            return &n.SpPiastra(1);
+        case 3:
+            return &n.BPiastra(2);
+        case 4:
+            return &n.HPiastra(2);
+        case 5:
+            return &n.SpPiastra(2);
+        case 14:
+            return &n.SpNerv(3);
+        default:
+            break;
     }
     if (i < 6 || i > 13) return Reale{};
     const int k = i <= 9 ? 1 : 2;
     switch ((i - 6) % 4) {
-        case 0: return &n.H1Nerv(k);
-        case 1: return &n.H2Nerv(k);
-        case 2: return &n.BNerv(k);
-        default: return &n.SpNerv(k);
+        case 0:
+            return &n.H1Nerv(k);
+        case 1:
+            return &n.H2Nerv(k);
+        case 2:
+            return &n.BNerv(k);
+        default:
+            return &n.SpNerv(k);
     }
 }
 
@@ -362,16 +385,17 @@ void ApplicaMaterialeBase(Sessione& s) {
     if (!s.mat.Base.MatBaseValidi) return;
     Nodo& n = s.nodo;
     const MaterialeRec& base = s.mat.Base.AccBase1;
-    const std::vector<std::string> voci = ListaMateriali(n.MetodoVerifica(), "PROFILI",
-                                                         s.mat.nAcciaiAperte, s.mat.AcciaiAperte);
+    const std::vector<std::string> voci =
+        ListaMateriali(n.MetodoVerifica(), "PROFILI", s.mat.nAcciaiAperte, s.mat.AcciaiAperte);
     bool inLista = false;
     for (const std::string& v : voci) inLista = inLista || v == base.Nome;
     int riga = IndiceAcciaio(s.mat, base.Nome);
     if (!inLista) {
-        MostraAvviso(s.piattaforma,
-                     "Materiale-Base non valido per questo tipo di verifica. Verrà impostato un altro "
-                     "tipo di acciaio.",
-                     "ATTENZIONE!");
+        MostraAvviso(
+            s.piattaforma,
+            "Materiale-Base non valido per questo tipo di verifica. Verrà impostato un altro "
+            "tipo di acciaio.",
+            "ATTENZIONE!");
         riga = 1 + AlternativaMateriale(n.MetodoVerifica(), "PROFILI", base.Nome,
                                         s.mat.nAcciaiAperte, s.mat.AcciaiAperte);
     }

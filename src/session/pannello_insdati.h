@@ -6,7 +6,8 @@
 
 namespace tk07 {
 
-// The field of the joint behind a geometry control (GeoPias, TextSald, TextQuota), nullptr for none.
+// The field of the joint behind a geometry control (GeoPias, TextSald, TextQuota), nullptr for
+// none.
 const double* CampoGeometria(const Nodo& nodo, const std::string& base, int indice);
 double* CampoGeometria(Nodo& nodo, const std::string& base, int indice);
 

@@ -62,7 +62,8 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
     n.TraPri = lib.Profili(CercaProfiloDaNome(lib, std::string(n.TraPri.Nome), s.piattaforma));
     n.TraSec = lib.Profili(CercaProfiloDaNome(lib, std::string(n.TraSec.Nome), s.piattaforma));
     // Names that the tables lack are told and replaced by the check of the materials.
-    if (const int i = IndiceAcciaio(s.mat, n.acciaio.Nome); i > 0) n.acciaio = s.mat.AcciaiAperte(i);
+    if (const int i = IndiceAcciaio(s.mat, n.acciaio.Nome); i > 0)
+        n.acciaio = s.mat.AcciaiAperte(i);
     if (const int i = IndiceVite(s.mat, n.vite.Nome); i > 0) n.vite = s.mat.Viti(i);
     ControllaMateriali(s);
     AggiornaTutto(s);
@@ -98,8 +99,8 @@ void VerificaSessione(Sessione& s) {
         return;
     }
     s.piattaforma.puntatore(11);
-    s.ultimaVerifica = VerificaNodo(s.nodo, s.opz, s.unita, {s.dir.dirLavoro, s.nomeFile}, s.ris,
-                                    s.piattaforma);
+    s.ultimaVerifica =
+        VerificaNodo(s.nodo, s.opz, s.unita, {s.dir.dirLavoro, s.nomeFile}, s.ris, s.piattaforma);
     s.RisultatiValidi = s.ultimaVerifica.esito == EsitoVerifica::completata;
     s.piattaforma.puntatore(0);
 }

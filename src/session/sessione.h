@@ -42,9 +42,9 @@ struct Sessione {
     RisultatoVerifica ultimaVerifica;
     NoteLettura ultimaLettura;
 
-    Pannello InsDati;          // the main panel
-    short Aggiornamento = 0;   // 1 while a refresh writes to fields: change handlers stay idle
-    short Vista3dAperta = 0;   // 1 while the 3D view is to be kept in step
+    Pannello InsDati;         // the main panel
+    short Aggiornamento = 0;  // 1 while a refresh writes to fields: change handlers stay idle
+    short Vista3dAperta = 0;  // 1 while the 3D view is to be kept in step
     std::array<MaterialeRec, 2> AcciaioMemoria;  // steel last used with each method
     std::string titoloRicercaNodi;               // title of the node search tool
 
@@ -87,9 +87,9 @@ void pnn1_aggiorna_sollecitazioni(Sessione& s, int primaRiga);
 void pnn2_ScriviDatiProfilo(Sessione& s, int indiceProfilo, const std::string& etichette);
 void AggiornaTutto(Sessione& s);
 
-// Operations of the panel, by control name. Each returns the empty text, or why the request cannot be
-// carried out (unknown, hidden or disabled control, entry that is not in the list); a fatal fault is
-// dealt with inside.
+// Operations of the panel, by control name. Each returns the empty text, or why the request cannot
+// be carried out (unknown, hidden or disabled control, entry that is not in the list); a fatal
+// fault is dealt with inside.
 std::string PremiPulsante(Sessione& s, const std::string& nome);
 std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string& testo, int tasto);
 std::string ScegliVoce(Sessione& s, const std::string& nome, int indice);

@@ -9,11 +9,11 @@ namespace tk07 {
 namespace {
 
 // Key, factor, shift of decimals. The factors follow from 1 kgf = 9.80665 N, 1 daN = 10 N,
-// 1 in = 2.54 cm (in some rows its long form 2.539999983236), 1 ft = 30.48 cm, 1 lbf = 0.45359243 kgf
-// and 1 atm = 1/0.96784 kgf/cm2.
-// Kept on purpose: cm/s to ft/s with 0.03288399; the sign of the shift in the rows mn/m2, mpa,
-// mn/cm3, kgf/cm3_mn/cm3, dan/cm3_mn/cm3, dan/cm3_kgf/m3 and kgf/m3_dan/cm3; four keys twice (the
-// second is never reached); pairs that exist one way only. Other programs rely on these values.
+// 1 in = 2.54 cm (in some rows its long form 2.539999983236), 1 ft = 30.48 cm, 1 lbf = 0.45359243
+// kgf and 1 atm = 1/0.96784 kgf/cm2. Kept on purpose: cm/s to ft/s with 0.03288399; the sign of the
+// shift in the rows mn/m2, mpa, mn/cm3, kgf/cm3_mn/cm3, dan/cm3_mn/cm3, dan/cm3_kgf/m3 and
+// kgf/m3_dan/cm3; four keys twice (the second is never reached); pairs that exist one way only.
+// Other programs rely on these values.
 constexpr RigaConversione kTabella[] = {
     // lengths, areas, volumes, second moments of area
     {"(cu_m_cm)", 100.0, -2},

@@ -13,7 +13,8 @@ struct RigaConversione {
 };
 
 // Applies the conversion key found in `comando` (case-blind) to `valore` and sets `k` to the row's
-// shift of decimals; equal units leave the value and give 0. An unknown key shows a box and gives 0.
+// shift of decimals; equal units leave the value and give 0. An unknown key shows a box and gives
+// 0.
 void ConvertiUnita(double& valore, std::string_view comando, short& k, const Piattaforma& p);
 
 // The whole table, in its order.

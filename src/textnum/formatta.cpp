@@ -24,7 +24,8 @@ struct Campo {
     std::string_view riempi = " ";
 };
 
-// Decimal digits and exponent of |x| > 0: 0.d1d2d3... times 10^esp. `cifre` digits, exactly rounded.
+// Decimal digits and exponent of |x| > 0: 0.d1d2d3... times 10^esp. `cifre` digits, exactly
+// rounded.
 struct Decimale {
     std::array<char, 128> cifre{};
     int quante = 0;
@@ -51,8 +52,8 @@ Decimale Scomponi(double x, int cifre) {
     return d;
 }
 
-// |x| as digits with a point, rounded to `decimali`: no leading zero, no trailing zeros, a point only
-// with `punto`. The conventional number mask with optional digit places.
+// |x| as digits with a point, rounded to `decimali`: no leading zero, no trailing zeros, a point
+// only with `punto`. The conventional number mask with optional digit places.
 std::string Maschera(double x, int decimali, bool punto) {
     std::array<char, 512> buf{};
     const auto r = std::to_chars(buf.data(), buf.data() + buf.size(), std::fabs(x),
@@ -217,8 +218,8 @@ int UltimaPosizione(std::string_view testo, std::string_view cerca) {
 double CifreSignificative(double x, int n) {
     if (x == 0.0 || !std::isfinite(x)) return x;
     std::array<char, 160> buf{};
-    const auto r = std::to_chars(buf.data(), buf.data() + buf.size(), x,
-                                 std::chars_format::scientific, n - 1);
+    const auto r =
+        std::to_chars(buf.data(), buf.data() + buf.size(), x, std::chars_format::scientific, n - 1);
     double y = x;
     std::from_chars(buf.data(), r.ptr, y);
     return y;
@@ -233,8 +234,8 @@ std::string Formatta(double valore, std::string_view comando, double fattore,
         return std::string();
     };
     std::string cmd = Minuscolo(comando);
-    // Decimals grow with the size of the unit shown; the offset makes factors up to about 1.58 count
-    // as 1.
+    // Decimals grow with the size of the unit shown; the offset makes factors up to about 1.58
+    // count as 1.
     short k = 0;
     if (std::fabs(fattore) > 0.0001) {
         k = InteroCorto(-(std::log10(std::fabs(fattore)) - 0.19897));

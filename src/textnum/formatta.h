@@ -14,13 +14,13 @@ std::string TestoNumero(double x);
 std::string TestoGenerale(double x);
 
 // `valore` times `fattore` as text, by the commands in `comando`:
-//   (cu_x_y) unit conversion        (cs_nn) significant digits    (dv_nn) decimals, corrected by the
-//   scale of the factor             (cd_nn) decimals              (zr_c)  fill of the decimals
+//   (cu_x_y) unit conversion        (cs_nn) significant digits    (dv_nn) decimals, corrected by
+//   the scale of the factor             (cd_nn) decimals              (zr_c)  fill of the decimals
 //   (fd_nn) field, right-aligned    (fs_nn) field, left-aligned   (np_1)  no trailing point
 //   (sc_text) text behind the number
-// Rounding is half to even on the exact binary value. A bad argument shows a box and gives the empty
-// text; a number too wide for its field is a run of asterisks. Without (cd_ a field that drops
-// decimals fills up with NUL characters; who writes a text file puts blanks there.
+// Rounding is half to even on the exact binary value. A bad argument shows a box and gives the
+// empty text; a number too wide for its field is a run of asterisks. Without (cd_ a field that
+// drops decimals fills up with NUL characters; who writes a text file puts blanks there.
 std::string Formatta(double valore, std::string_view comando, double fattore, const Piattaforma& p);
 
 // 1-based place of the first "." in `testo`, which gets one at its end when it has none; -1 and no

@@ -5,9 +5,9 @@
 
 namespace tk07 {
 
-// The user's work units. The calculation works in mm, daN, daN cm and daN/cm2; a factor multiplies a
-// value in those units to give the user's, `Decimali...` are the decimals to show. Factors act only
-// in the load table, in the material panel and in the reports; lengths are always shown in mm.
+// The user's work units. The calculation works in mm, daN, daN cm and daN/cm2; a factor multiplies
+// a value in those units to give the user's, `Decimali...` are the decimals to show. Factors act
+// only in the load table, in the material panel and in the reports; lengths are always shown in mm.
 struct Unita {
     double AccelerazioneG = 0.0;
     double NordGeografico = 0.0;

@@ -92,8 +92,9 @@ bool AzioniBulloni(const Nodo& n, const GeometriaVerifica& geo, PoligonoCompress
         pol.polAzioni(3) = n.SforzoNormale(s);
         pol.RisolviPiano(flag, p);
         if (flag == 0) {
-            MostraErrore(p, "Sestetto di sollecitazione n°" + std::to_string(s + 1) +
-                                ": situazione non equilibrata nel calcolo delle azioni sui bulloni");
+            MostraErrore(p,
+                         "Sestetto di sollecitazione n°" + std::to_string(s + 1) +
+                             ": situazione non equilibrata nel calcolo delle azioni sui bulloni");
             return false;
         }
         PianoSuBulloni(n, pol, s, ris);

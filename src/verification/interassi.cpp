@@ -18,10 +18,10 @@ enum class Norma { NTC, CNR };
 enum class Direzione { orizzontale, verticale };
 
 struct Limiti {
-    double bordoMin = 0.0;                    // times d0
-    std::array<double, 2> bordoMax{};         // mm, plates 1 and 2
-    double passoMin = 0.0;                    // times d0
-    double passoMax = 0.0;                    // mm
+    double bordoMin = 0.0;             // times d0
+    std::array<double, 2> bordoMax{};  // mm, plates 1 and 2
+    double passoMin = 0.0;             // times d0
+    double passoMax = 0.0;             // mm
 };
 
 Limiti LimitiDi(const Nodo& n, Norma norma, Direzione dir) {
@@ -66,7 +66,12 @@ Indici OrdinaIndici(const Coordinate& chiave, int n) {
 class Passata {
   public:
     Passata(const Nodo& n, double gioco, Norma norma, Direzione dir, const Piattaforma& p)
-        : n_(n), gioco_(gioco), norma_(norma), dir_(dir), p_(p), lim_(LimitiDi(n, norma, dir)),
+        : n_(n),
+          gioco_(gioco),
+          norma_(norma),
+          dir_(dir),
+          p_(p),
+          lim_(LimitiDi(n, norma, dir)),
           pos_(dir == Direzione::orizzontale ? n.Xbull : n.Ybull),
           trasv_(dir == Direzione::orizzontale ? n.Ybull : n.Xbull),
           ordine_(OrdinaIndici(pos_, n.nBull)) {}

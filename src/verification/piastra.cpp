@@ -51,8 +51,8 @@ void AzioniPiastra(const Nodo& n, const GeometriaVerifica& geo, int s, double an
     pol.polAzioni(3) = c * n.SforzoNormale(s) - sn * Ty;
 }
 
-// Clips the solved plane to the strip and integrates it there, with no bars: moment about the x axis
-// and force of the contact, in polRisult.
+// Clips the solved plane to the strip and integrates it there, with no bars: moment about the x
+// axis and force of the contact, in polRisult.
 void ContattoStriscia(const Nodo& n, double y1, double y2, PoligonoCompresso& pol) {
     const double x = n.BPiastra(2) / 2.0;
     pol.polNum = 1;

@@ -20,9 +20,9 @@ Strisce StrisceDi(const Nodo& nodo);
 //   angolo      rotation of the plate [rad], 0 in this program
 //   Degenerate  a strip without height gives nothing; no equilibrium: false after a box;
 //               GrandezzaNulla for a section without resistance
-// Kept on purpose: a bolt whose Sigma rounds to 0 is left out of the bending moment; the width of the
-// section is the beam's flange, not the plate's; the T section takes no own inertia of the rib and
-// its second fibre lies at the face of the plate that meets the rib.
+// Kept on purpose: a bolt whose Sigma rounds to 0 is left out of the bending moment; the width of
+// the section is the beam's flange, not the plate's; the T section takes no own inertia of the rib
+// and its second fibre lies at the face of the plate that meets the rib.
 bool VerificaPiastra(const Nodo& nodo, const GeometriaVerifica& geo, const Strisce& strisce,
                      double angolo, PoligonoCompresso& pol, Risultati& ris, const Piattaforma& p);
 

@@ -167,9 +167,10 @@ void PoligonoCompresso::RisolviPiano(short& flag, const Piattaforma& p) {
     }
     flag = 0;
     if (ricordato != 1) return;
-    MostraErrore(p, sommaAree < -0.0001 ? "Convergenza non raggiunta (la somma delle aree distribuite "
-                                          "e' negativa)."
-                                        : "Convergenza non raggiunta.");
+    MostraErrore(p, sommaAree < -0.0001
+                        ? "Convergenza non raggiunta (la somma delle aree distribuite "
+                          "e' negativa)."
+                        : "Convergenza non raggiunta.");
 }
 
 void PoligonoCompresso::IntegraPoligoni() {
@@ -268,7 +269,8 @@ bool PoligonoCompresso::RisolviSistema() {
     for (int k = 1; k <= 3; ++k) {
         const auto r = static_cast<std::size_t>(k);
         double iniziale = 0.0;
-        for (int m = 1; m <= 3; ++m) iniziale += matPol[r][static_cast<std::size_t>(m)] * polEps0(m);
+        for (int m = 1; m <= 3; ++m)
+            iniziale += matPol[r][static_cast<std::size_t>(m)] * polEps0(m);
         for (int i = 1; i <= polNBarre; ++i) {
             const double braccio = k == 1 ? barY(i) : k == 2 ? barX(i) : 1.0;
             iniziale += barE(i) / polERif * barA(i) * barEps0(i) * braccio;

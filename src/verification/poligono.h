@@ -21,7 +21,7 @@ class PoligonoCompresso {
     short polNum = 0;
     short polNVert = 0;
     Tab1<double, 1, kVertici + 1> polX, polY;  // vertices; the closing one is stored at n+1
-    short polTipo = 0;                          // 0 solid, 1 hole; the solver writes it
+    short polTipo = 0;                         // 0 solid, 1 hole; the solver writes it
     double polE = 1.0, polERif = 1.0;
     Tab1<double, 1, 3> polEps0;  // initial plane
     short polNBarre = 0;
@@ -74,7 +74,8 @@ inline double ValorePiano(const Tab1<double, 1, 3>& c, double x, double y) {
 }
 
 // 0 outside, 1 inside, 2 on the boundary of the polygon with vertices 1..n; tolerance 0.0001 mm.
-int PuntoInPoligono(double x, double y, int n, const Tab1<double, 1, PoligonoCompresso::kVertici + 1>& vx,
+int PuntoInPoligono(double x, double y, int n,
+                    const Tab1<double, 1, PoligonoCompresso::kVertici + 1>& vx,
                     const Tab1<double, 1, PoligonoCompresso::kVertici + 1>& vy);
 
 }  // namespace tk07

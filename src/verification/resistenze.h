@@ -23,9 +23,9 @@ CoefficientiRifollamento CoefficientiBullone(const Nodo& nodo, const Opzioni& op
 void ResistenzeBulloni(const Nodo& nodo, const Opzioni& opz, const GeometriaVerifica& geo,
                        Risultati& ris);
 
-// Utilisation ratios Co1 (shear and tension, NTC 2018 (4.2.71)) and Co2 (tension alone) of every bolt
-// and load set; 100 where a resistance is not positive. Co2 takes the absolute axial force, so a
-// compressed bolt has one too.
+// Utilisation ratios Co1 (shear and tension, NTC 2018 (4.2.71)) and Co2 (tension alone) of every
+// bolt and load set; 100 where a resistance is not positive. Co2 takes the absolute axial force, so
+// a compressed bolt has one too.
 void CoefficientiBulloni(const Nodo& nodo, Risultati& ris);
 
 // TA: bearing stress of every bolt on plates 1 and 2 [daN/mm2]: A tau / d / t.

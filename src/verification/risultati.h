@@ -14,8 +14,8 @@ inline constexpr int kLineeSaldatura = 30;  // 0..14 lines s1..s15, 15..29 their
 // daN/cm2 before the report. Forces in daN, lengths in mm. Tension is positive.
 struct Risultati {
     // bolts
-    TabPerSestetto<double, 0, kMaxBulloni> Sigma;           // stress plane at the bolt
-    TabPerSestetto<double, 0, kMaxBulloni> Tau;             // shear stress, TA only
+    TabPerSestetto<double, 0, kMaxBulloni> Sigma;            // stress plane at the bolt
+    TabPerSestetto<double, 0, kMaxBulloni> Tau;              // shear stress, TA only
     TabPerSestetto<double, 0, kMaxBulloni - 1> SigRifPias1;  // bearing, bolt i at i-1, TA only
     TabPerSestetto<double, 0, kMaxBulloni - 1> SigRifPias2;
     TabPerSestetto<double, 0, kMaxBulloni> Fv_Ed, Ft_Ed;  // SLU only

@@ -12,9 +12,7 @@ bool PiastraSporge(const Nodo& n, int k) {
     return !(sporto < n.spSaldS1);
 }
 
-std::string NomeLinea(int j) {
-    return "s" + std::to_string(j % 15 + 1) + (j >= 15 ? "'" : "");
-}
+std::string NomeLinea(int j) { return "s" + std::to_string(j % 15 + 1) + (j >= 15 ? "'" : ""); }
 
 void AggiungiTaglio(const Nodo& n, std::initializer_list<int> linee,
                     const Tab1<double, 0, kMaxSestetto>& taglio, double area, Risultati& ris) {
@@ -55,7 +53,9 @@ void LunghezzeSaldature(const Nodo& n, Risultati& ris) {
     const ProfiloRec& s = n.TraSec;
     const ProfiloRec& t = n.TraPri;
     const double a1 = n.spSaldS1, a2 = n.spSaldS2;
-    const auto metti = [&](int linea, double lunghezza) { ris.LungSald(linea - 1) = Int(lunghezza); };
+    const auto metti = [&](int linea, double lunghezza) {
+        ris.LungSald(linea - 1) = Int(lunghezza);
+    };
 
     metti(1, s.H - 2.0 * s.tf - 2.0 * Max(s.r, a1));
     metti(2, (s.B / 2.0 - s.tw / 2.0) - Max(s.r, a1));

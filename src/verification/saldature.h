@@ -9,29 +9,29 @@
 namespace tk07 {
 
 // Fillet welds. Group S1 joins the end of the secondary beam and ribs 1 and 2 to plate 2, group S2
-// plate 1 and rib 3 to the main beam. Lines s1..s15, each usually with a mirror s1'..s15' across the
-// centre line. Lengths mm, forces daN, moments of the load table daN cm, stresses daN/mm2.
+// plate 1 and rib 3 to the main beam. Lines s1..s15, each usually with a mirror s1'..s15' across
+// the centre line. Lengths mm, forces daN, moments of the load table daN cm, stresses daN/mm2.
 
 // Lengths of the lines, cut to whole millimetres (floor); negative lengths are not clamped.
 //   Writes      ris.LungSald(0..14)
 //   Degenerate  GrandezzaNulla: width of rib 1 or 2 exactly 0
 void LunghezzeSaldature(const Nodo& nodo, Risultati& ris);
 
-// Whether lines s10, s10' (rib 1 side, k = 1) or s11, s11' (k = 2) exist: the plate stands out by at
-// least the leg of the weld.
+// Whether lines s10, s10' (rib 1 side, k = 1) or s11, s11' (k = 2) exist: the plate stands out by
+// at least the leg of the weld.
 bool PiastraSporge(const Nodo& nodo, int k);
 
 // Properties of group S1; y from the underside of the secondary beam.
 struct GruppoS1 {
     double b = 0.0;  // throat, leg / sqrt(2)
     double A = 0.0, yG = 0.0, xG = 0.0, Ix = 0.0, Iy = 0.0;
-    double J = 0.0;   // torsion stiffness: sum of length b^3 / 3, kept on purpose
+    double J = 0.0;             // torsion stiffness: sum of length b^3 / 3, kept on purpose
     double Av = 0.0, Ah = 0.0;  // vertical and horizontal areas, for shear
 };
 GruppoS1 ProprietaS1(const Nodo& nodo, const Risultati& ris);
 
-// Properties of group S2; y from the middle of the main beam. yG is the level of the secondary beam's
-// axis seen from the main beam's, no centroid.
+// Properties of group S2; y from the middle of the main beam. yG is the level of the secondary
+// beam's axis seen from the main beam's, no centroid.
 struct GruppoS2 {
     double b = 0.0;
     double A = 0.0, yG = 0.0, xG = 0.0, Ix = 0.0, Iy = 0.0, J = 0.0, Av = 0.0, Ah = 0.0;
@@ -40,12 +40,11 @@ struct GruppoS2 {
 };
 GruppoS2 ProprietaS2(const Nodo& nodo, const Risultati& ris);
 
-// Stresses S_prp (two ends), Tau_pa, Tau_pe of the group's lines for every load set. A group without
-// vertical or horizontal area shows a box; what is not yet written stays 0 and the run goes on.
-// GrandezzaNulla names a divisor that is exactly 0.
-// Kept on purpose: S2 takes the moments of the load table as they are stored, without the factor 10
-// that S1 has; the torsion share takes the sign of the shear; s10' and s11' get Tau_pa even where the
-// line has no mirror.
+// Stresses S_prp (two ends), Tau_pa, Tau_pe of the group's lines for every load set. A group
+// without vertical or horizontal area shows a box; what is not yet written stays 0 and the run goes
+// on. GrandezzaNulla names a divisor that is exactly 0. Kept on purpose: S2 takes the moments of
+// the load table as they are stored, without the factor 10 that S1 has; the torsion share takes the
+// sign of the shear; s10' and s11' get Tau_pa even where the line has no mirror.
 void VerificaSaldatureS1(const Nodo& nodo, double distAzioni, Risultati& ris, const Piattaforma& p);
 void VerificaSaldatureS2(const Nodo& nodo, double distAzioni, Risultati& ris, const Piattaforma& p);
 

@@ -77,9 +77,9 @@ struct Estremi {
 };
 
 struct LineaS1 {
-    int linea;       // 1..15
+    int linea;  // 1..15
     Estremi e;
-    bool specchio;   // has a mirror
+    bool specchio;  // has a mirror
 };
 
 // Ends of the lines in which S_prp is computed; those of absent lines are not listed.
@@ -150,7 +150,8 @@ void NervaturaS1(const Nodo& n, const GruppoS1& g, int s, int k, Risultati& ris)
         M2 = (LV / 2.0 + a1) * P + Q;
     }
     const double W = LO * LO * 2.0 * b / 6.0;
-    const double coppia = M2 / NonNullo(b + sp, "distanza tra le saldature della nervatura") / (b * LO);
+    const double coppia =
+        M2 / NonNullo(b + sp, "distanza tra le saldature della nervatura") / (b * LO);
     ris.S_prp1(s, O) = F / LO / b / 2.0 - M1 / W + coppia;
     ris.S_prp1(s, Op) = F / LO / b / 2.0 - M1 / W - coppia;
     ris.S_prp2(s, O) = M1 / W + F / LO / b / 2.0 + coppia;

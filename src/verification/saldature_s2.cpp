@@ -20,8 +20,8 @@ GruppoS2 ProprietaS2(const Nodo& n, const Risultati& ris) {
     g.Ix = 2.0 * cubo(LS(4)) * b / 12.0;
     for (const int l : {8, 9}) g.Ix += 2.0 * (LS(l) * b3 / 12.0 + b * LS(l) * quadrato(yAla));
     for (const int l : {8, 9}) {
-        g.Iy += 2.0 * (b * cubo(LS(l)) / 12.0 +
-                       b * LS(l) * quadrato(n.BPiastra(1) / 2.0 - LS(l) / 2.0));
+        g.Iy += 2.0 *
+                (b * cubo(LS(l)) / 12.0 + b * LS(l) * quadrato(n.BPiastra(1) / 2.0 - LS(l) / 2.0));
     }
     g.Iy += 2.0 * (LS(4) * b3 / 12.0 + b * LS(4) * quadrato(n.SpNerv(3) / 2.0 + b / 2.0));
     g.xG = 0.0;
@@ -84,7 +84,8 @@ void Nervatura3(const Nodo& n, const GruppoS2& g, int s, const AzioniNerv3& a, R
         ris.Tau_pa(s, s7 + m) = F3 / g.A3 - F1 / g.Ix3 * yAla;
         // The end of the line with the larger absolute stress counts.
         const auto traverso = [&](double inizio, double L) {
-            return MaxAss(inizio - F2 / g.Iy3 * (a2 + L - g.xG3), inizio - F2 / g.Iy3 * (a2 - g.xG3));
+            return MaxAss(inizio - F2 / g.Iy3 * (a2 + L - g.xG3),
+                          inizio - F2 / g.Iy3 * (a2 - g.xG3));
         };
         ris.Tau_pe(s, s5 + m) = traverso(t0, L5);
         ris.Tau_pe(s, s7 + m) = traverso(-t0, L7);

@@ -88,8 +88,7 @@ RisultatoVerifica VerificaNodo(const Nodo& n, const Opzioni& opz, const Unita& u
     RisultatoVerifica r;
     if (CalcolaNodo(n, opz, ris, p) != EsitoVerifica::completata) return r;
     const bool slu = n.MetodoVerifica() == Metodo::SLU;
-    const std::string testo =
-        slu ? RelazioneSLU(n, unita, ris) : RelazioneTA(n, opz, unita, ris);
+    const std::string testo = slu ? RelazioneSLU(n, unita, ris) : RelazioneTA(n, opz, unita, ris);
     const std::string percorso = NomeRelazione(dest, slu ? "SLU" : "TA", "TK07");
     const std::string errore = ScriviFile(percorso, testo, Codifica::utf8);
     if (!errore.empty()) {

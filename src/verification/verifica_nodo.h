@@ -31,8 +31,8 @@ struct RisultatoVerifica {
     std::string relazione;  // path as composed, when completed
 };
 
-// The whole verification by the joint's method: calculation, report with verdict, warning when a load
-// set fails, and the report shown in the text editor.
+// The whole verification by the joint's method: calculation, report with verdict, warning when a
+// load set fails, and the report shown in the text editor.
 RisultatoVerifica VerificaNodo(const Nodo& nodo, const Opzioni& opz, const Unita& unita,
                                const DestinazioneRelazione& dest, Risultati& ris,
                                const Piattaforma& p);

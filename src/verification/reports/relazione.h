@@ -24,8 +24,8 @@ std::string NomeRelazione(const DestinazioneRelazione& dest, const std::string& 
 // Equivalent stresses of the welds of load set s.
 void CalcolaSEq(int s, Risultati& ris);
 
-// Weld factors of a steel by the digits in its name; both 0 for an unknown steel, so that every weld
-// fails. NTC 2018 table 4.2.XIX.
+// Weld factors of a steel by the digits in its name; both 0 for an unknown steel, so that every
+// weld fails. NTC 2018 table 4.2.XIX.
 struct FattoriSaldatura {
     double Beta1 = 0.0, Beta2 = 0.0;
 };

@@ -109,8 +109,8 @@ class Slu {
         const int quante = RighePiastre(n_, piastre.data());
         for (int i = 0; i < quante; ++i) {
             const RigaPiastra& p = piastre[static_cast<std::size_t>(i)];
-            riga(p.numero, 3, S)(Arrotonda(p.H1, 1), 6)(Arrotonda(p.H2, 1), 6)(Arrotonda(p.B, 1), 6)(
-                Arrotonda(p.Sp, 1), 4);
+            riga(p.numero, 3, S)(Arrotonda(p.H1, 1), 6)(Arrotonda(p.H2, 1), 6)(
+                Arrotonda(p.B, 1), 6)(Arrotonda(p.Sp, 1), 4);
             riga.Chiudi(t_);
         }
         t_.Riga();
@@ -240,8 +240,8 @@ class Slu {
             for (const int j : {linea, linea + kSpecchio}) {
                 const double e1 = ris_.SEq1(s, j), e2 = ris_.SEq2(s, j);
                 riga(NomeLinea(j), 4, S);
-                for (const double x : {ris_.MaxS_prp(s, j), ris_.Tau_pa(s, j), ris_.Tau_pe(s, j), e1,
-                                       e2, lim1, lim2}) {
+                for (const double x : {ris_.MaxS_prp(s, j), ris_.Tau_pa(s, j), ris_.Tau_pe(s, j),
+                                       e1, e2, lim1, lim2}) {
                     riga(Tensione(x), 7);
                 }
                 riga(Esito(e1 <= lim1 && e2 <= lim2, ok), 3, D).Chiudi(t_);

@@ -13,8 +13,8 @@ namespace tk07 {
 
 namespace {
 
-// Factors of the allowable stress of a fillet weld by the steel's full name: on the resultant and the
-// single components, and on |P| + |Tau_pe|. An unknown steel has none.
+// Factors of the allowable stress of a fillet weld by the steel's full name: on the resultant and
+// the single components, and on |P| + |Tau_pe|. An unknown steel has none.
 struct FattoriTA {
     bool noto = false;
     double singola = 0.0, somma = 0.0;
@@ -43,8 +43,8 @@ bool VerificaSaldaturaTA(const Nodo& n, const Risultati& ris, int j, int s, doub
 
 double CoeffRifollamento(const Nodo& n, const Opzioni& opz, int s) {
     const double gioco = opz.ValOpz(kOpzTollForo);
-    const double q = n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec + n.distAlaSecPiastra -
-                     n.HPiastra(2);
+    const double q = n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec +
+                     n.distAlaSecPiastra - n.HPiastra(2);
     double dY = std::fabs(n.Ybull(1));
     double dX = std::fabs(n.Xbull(1) - n.BPiastra(1) / 2.0);
     double d = n.Fibull(1) + gioco;
@@ -218,7 +218,8 @@ class Ta {
         t_.Riga();
         t_.Riga("Verifica Bulloni");
         Valori()("S_adm viti")("T_adm viti")("SadmRifPias1")("SadmRifPias2").Chiudi(t_);
-        Valori()(Tensione(SammV * k))(Tensione(TauV * k))(Tensione(rif1))(Tensione(rif2)).Chiudi(t_);
+        Valori()(Tensione(SammV * k))(Tensione(TauV * k))(Tensione(rif1))(Tensione(rif2))
+            .Chiudi(t_);
         Valori()("Num.")("Sigma")("Tau")("Coeff")("SigRifPias1")("SigRifPias2")("Ver.").Chiudi(t_);
         for (int i = 1; i <= n_.nBull; ++i) {
             const double sigma = ris_.Sigma(s, i), tau = ris_.Tau(s, i);
