@@ -34,17 +34,19 @@ std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
     const std::string nome = e.get_name();
     std::string detto = e.what();
     const std::string soggetto = detto.substr(0, detto.find_first_of(": "));
-    if (nome == "ExtrasError") {
+    if (dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr) {
         std::string resto;
         for (const std::string& r : app.remaining(true)) resto += " " + r;
         return "argomento non riconosciuto:" + resto;
     }
     if (nome == "RequiredError") {
-        return soggetto == "A" ? "manca il comando" : "manca l'argomento " + soggetto;
+        if (soggetto != "A") return "manca l'argomento " + soggetto;
+        const std::vector<std::string> resto = app.remaining();
+        return resto.empty() ? "manca il comando" : "comando sconosciuto: " + resto.front();
     }
     if (nome == "ValidationError") return soggetto + ": valore non ammesso";
     if (nome == "ArgumentMismatch") return soggetto + ": numero di valori errato";
-    return "argomenti errati: " + soggetto;
+    return "argomenti errati";
 }
 
 }  // namespace
@@ -68,6 +70,9 @@ int main(int argc, char** argv) {
     app.fallthrough();
     std::string diroot;
     app.add_option("--diroot", diroot, "Radice dell'albero dei direttori")->type_name("DIR");
+    std::string lavoro;
+    app.add_option("--lavoro", lavoro, "Lavoro (sei caratteri) al posto di quello corrente")
+        ->type_name("NOME");
     app.footer(
         "Esempio: tk07 verifica lavori/esempi/01_ipe160_su_ipe270.tk7\n"
         "Uscita: 0 verificato, 1 non verificato, 2 uso o lettura errati, 3 verifica non "
@@ -76,6 +81,7 @@ int main(int argc, char** argv) {
     int codice = kUscitaOk;
     const auto comando = [&](const char* nome, const char* cosa, const char* esempio) {
         CLI::App* c = app.add_subcommand(nome, cosa)->group("Comandi");
+        c->get_help_ptr()->group("Opzioni");
         c->footer(std::string("Esempio: tk07 ") + esempio);
         return c;
     };
@@ -94,7 +100,7 @@ int main(int argc, char** argv) {
                 "verifica --metodo slu nodo.tk7");
     c->add_option("FILE", verifica.file, "File di nodo (.tk7)")->required()->type_name("");
     c->add_option("--metodo", verifica.metodo, "Metodo: slu (NTC 2018) o ta (CNR 10011/88)")
-        ->check(CLI::IsMember({"slu", "ta"}))
+        ->check(CLI::IsMember({"slu", "ta"}).description(""))
         ->type_name("slu|ta");
     c->add_flag("--json", verifica.json, "Un oggetto JSON per file, su una riga");
     c->add_flag("--fermati", verifica.fermati, "Si ferma se gli interassi non sono rispettati");
@@ -128,6 +134,7 @@ int main(int argc, char** argv) {
     // Options come before the work of the command: callbacks run when all is parsed.
     app.parse_complete_callback([&] {
         if (!diroot.empty()) avvio.diroot = diroot;
+        if (!lavoro.empty()) avvio.lavoro = lavoro;
     });
     try {
         std::reverse(argomenti.begin(), argomenti.end());

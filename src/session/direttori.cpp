@@ -108,7 +108,7 @@ bool RisolviDirettori(const Avvio& avvio, Direttori& d, const Piattaforma& p) {
     if (!FinisceCon(Minuscolo(senza), "lavori")) {
         return fallito("Il direttorio dei lavori deve terminare con < ...\\lavori >.");
     }
-    const auto lavoro = PrimaRiga(d.dirImpostazioni + "\\lavoro");
+    const auto lavoro = avvio.lavoro ? avvio.lavoro : PrimaRiga(d.dirImpostazioni + "\\lavoro");
     if (!lavoro || NumeroCaratteri(*lavoro) != 6) {
         return fallito(PercorsoMostrato(d.dirImpostazioni + "\\lavoro") + " errato o mancante.");
     }

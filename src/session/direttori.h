@@ -23,6 +23,7 @@ struct Avvio {
     std::string rigaComando;
     std::string dirProgramma;
     std::optional<std::string> diroot;
+    std::optional<std::string> lavoro;  // the job's name, instead of the one in the settings
 };
 
 // Path of the marked field "|diroot=...|", trimmed and in lower case; empty when there is none.
