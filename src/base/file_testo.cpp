@@ -127,6 +127,12 @@ bool EsisteFile(std::string_view percorso) {
     return !percorso.empty() && fs::is_regular_file(PercorsoPiattaforma(percorso), ec);
 }
 
+bool EliminaFile(std::string_view percorso) {
+    std::error_code ec;
+    fs::remove(PercorsoPiattaforma(percorso), ec);
+    return !ec;
+}
+
 std::string NomeSenzaDirettorio(std::string_view percorso) {
     const std::size_t p = percorso.find_last_of("\\/");
     return std::string(p == std::string_view::npos ? percorso : percorso.substr(p + 1));

@@ -20,6 +20,9 @@ bool EsisteFile(std::string_view percorso);
 std::string NomeSenzaDirettorio(std::string_view percorso);
 std::string NomeBase(std::string_view percorso);
 
+// Deletes the file if it is there; false when it could not be deleted.
+bool EliminaFile(std::string_view percorso);
+
 // Bytes to UTF-8: valid UTF-8 (with or without BOM) as it is, anything else as Windows-1252.
 std::string DaBytes(std::string_view bytes);
 std::string DaWindows1252(std::string_view bytes);

@@ -47,6 +47,7 @@ RigaOpzione LeggiRiga(const std::string& riga, int numero) {
     r.Programmi = campo(2);
     r.Gruppo = InteroIniziale(campo(3), "riga " + std::to_string(numero));
     r.Etichetta = campi.size() > 4 ? campo(4) : "$$$";
+    for (const std::string& c : campi) r.Campi.push_back(Taglia(c));
     return r;
 }
 
@@ -87,6 +88,23 @@ bool LeggiOpzioni(std::string_view nomeFile, Opzioni& opz, const Piattaforma& p)
     } catch (const ErroreFatale& e) {
         MostraAvviso(p, "File delle opzioni " + nome + ", " + e.Dove() + ": " + e.what(), "Errore");
     }
+    return false;
+}
+
+bool SalvaOpzioni(std::string_view nomeFile, const Opzioni& opz, const Piattaforma& p) {
+    std::string t = std::to_string(opz.Gruppi.size()) + "\n";
+    for (const std::string& g : opz.Gruppi) t += g + "\n";
+    t += std::to_string(opz.Righe.size()) + "\n";
+    for (const RigaOpzione& r : opz.Righe) {
+        for (std::size_t i = 0; i < r.Campi.size(); ++i) {
+            const bool cambiato = i == 0 && ValoreStretto(r.Campi[0]) != r.Valore;
+            t += (i > 0 ? "|" : "") + (cambiato ? TestoReale(r.Valore) : r.Campi[i]);
+        }
+        t += "\n";
+    }
+    const std::string errore = ScriviFile(nomeFile, t, Codifica::windows1252);
+    if (errore.empty()) return true;
+    MostraAvviso(p, "Non è possibile salvare il file delle opzioni\n" + errore, "Errore");
     return false;
 }
 

@@ -20,6 +20,7 @@ struct RigaOpzione {
     short Gruppo = 0;
     std::string Etichetta;  // "$$$" when the row has none
     int Riga = 0;           // line of the file, from 1
+    std::vector<std::string> Campi;  // the fields as read, trimmed: what saving writes back
 };
 
 struct Opzioni {
@@ -35,6 +36,10 @@ struct Opzioni {
 // "|". On failure a box says what is wrong (file, line) and `opz` keeps what it had; returns
 // success.
 bool LeggiOpzioni(std::string_view nomeFile, Opzioni& opz, const Piattaforma& p);
+
+// Writes the rows back in the same order: exactly the fields that each had, the first one anew where
+// its value has changed. False after a box when the file cannot be written; it keeps its contents.
+bool SalvaOpzioni(std::string_view nomeFile, const Opzioni& opz, const Piattaforma& p);
 
 // True when `filtro` is empty or one of its "/"-separated items, trimmed, equals "TK07".
 bool RigaPerProgramma(std::string_view filtro);

@@ -10,6 +10,7 @@ namespace tk07 {
 // System colours of the panel's fields.
 inline constexpr unsigned long kColoreFinestra = 0x80000005UL;
 inline constexpr unsigned long kColoreTesto = 0x80000008UL;
+inline constexpr unsigned long kRosso = 255UL, kBianco = 0xFFFFFFUL;
 
 enum class TipoControllo {
     etichetta,
@@ -19,7 +20,9 @@ enum class TipoControllo {
     opzione,
     pulsante,
     scorrimento,
-    superficie
+    superficie,
+    schede,  // pages; `valore` is the page on top
+    timer    // `abilitato` while it runs
 };
 
 // One control of a panel, as data.
@@ -32,6 +35,7 @@ struct Controllo {
     int indice = -1;                // selected entry, -1 none
     bool abilitato = true;
     bool visibile = true;
+    bool sottolineato = false;
     unsigned long sfondo = kColoreFinestra, colore = kColoreTesto;
     std::string suggerimento;
 };

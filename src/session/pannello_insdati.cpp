@@ -48,6 +48,27 @@ constexpr Descrizione kControlli[] = {
     {"Bt_salva", pulsante, "Salva", "Salva il nodo nel direttorio del lavoro"},
     {"Bt_salva_con_nome", pulsante, "Salva con nome", "Salva il nodo con un altro nome"},
     {"VerificaButt", pulsante, "Verifica", "Verifica il nodo e scrive la relazione di calcolo"},
+    {"DefBulloni", pulsante, "Definisci bulloni", "Apre la finestra dei bulloni"},
+    {"ProponiNerv", pulsante, "Proponi nervature", "Propone le dimensioni delle nervature"},
+    {"ProponiPias", pulsante, "Proponi piastre", "Propone le dimensioni delle piastre"},
+    {"PropMatButton", pulsante, "Proprietà", "Mostra le proprietà dei materiali"},
+    {"Opz", pulsante, "Opzioni", "Apre le opzioni"},
+    {"ImpS3D", pulsante, "Importa sollecitazioni 3D",
+     "Importa le sollecitazioni dai risultati dell'analisi"},
+    {"ImportaNodida3D", pulsante, "Importa nodi da 3D",
+     "Importa profili e sollecitazioni dal modello della struttura"},
+    {"CheckMaxMin", casella, "Imp3D: solo massimi e minimi",
+     "Importa solo i sestetti con il massimo e il minimo di ogni caratteristica"},
+    {"Bt_agg_sing_sol", pulsante, "Aggiungi", "Aggiunge un sestetto di sollecitazione"},
+    {"RimuoviUltSoll", pulsante, "Rimuovi ultimo", "Rimuove l'ultimo sestetto"},
+    {"RimuoviTutteSoll", pulsante, "Rimuovi tutti", "Rimuove tutti i sestetti"},
+    {"RimuoviDoppieSoll", pulsante, "Rimuovi doppi", "Rimuove i sestetti uguali"},
+    {"MaxMinSoll", pulsante, "Max e min",
+     "Tiene i sestetti con il massimo e il minimo di ogni caratteristica"},
+    {"EsportaSollButt", pulsante, "Esporta", "Scrive i sestetti in un file di testo"},
+    {"Picture2", superficie, "", "Schema del nodo: un clic su una parte porta al suo campo"},
+    {"SSTab", schede, "", ""},
+    {"Timer2", timer, "", ""},
     {"AggiornaDisBull", pulsante, "Aggiorna disegno", "Ridisegna lo schema dei bulloni"},
     {"LegendaButt", pulsante, "Guida", "Apre il manuale"},
     {"Chiudi", pulsante, "Chiudi", "Termina il programma"},
@@ -74,6 +95,7 @@ constexpr DescrizioneVettore kVettori[] = {
     {"TxtMt", kRighe, campo, "Momento torcente Mt"},
     {"TxtMy", kRighe, campo, "Momento My, attorno all'asse verticale"},
     {"TxtMz", kRighe, campo, "Momento Mz, attorno all'asse orizzontale"},
+    {"LabPiastre", 5, etichetta, "Un clic porta al campo"},
     {"CasCar", kRighe, casella, "Caso di carico di tipo II (solo per tensioni ammissibili)"},
 };
 
@@ -242,6 +264,14 @@ void CostruisciInsDati(Sessione& s) {
     Controllo beta = Nuovo(etichetta, "", "");
     beta.visibile = false;
     p.controlli["betatest_c"] = beta;
+    p["Timer2"].abilitato = false;
+    constexpr std::array<const char*, 5> kParti = {"Piastra 1", "Piastra 2", "Nervatura 1",
+                                                   "Nervatura 2", "Nervatura 3"};
+    for (int i = 0; i < 5; ++i) {
+        Controllo& c = p[ConIndice("LabPiastre", i)];
+        c.testo = kParti[static_cast<std::size_t>(i)];
+        c.colore = kBianco;
+    }
 }
 
 void pnn2_ScriviDatiProfilo(Sessione& s, int indiceProfilo, const std::string& etichette) {
@@ -348,6 +378,7 @@ void pnn1_aggiorna_sollecitazioni(Sessione& s, int p) {
         if (visibile) caso.valore = n.CasoCarico(k) != 0 ? 1 : 0;
     }
     pan["Lb_CasCar"].visibile = ta;
+    pan["EsportaSollButt"].abilitato = n.nSollAg >= 1;
     Controllo& barra = pan["VScrollSoll"];
     barra.abilitato = n.nSollAg > kRighe;
     barra.minimo = 0;

@@ -6,7 +6,7 @@
 namespace tk07 {
 
 // Compares the bolt pattern with the spacing and edge rules of the method: NTC 2018 4.2.8.1.1 table
-// 4.2.XVIII, or CNR 10011/88 7.2.4. Every breach is a box; true when there is none. d0 is always
+// 4.2.XVIII, or CNR 10011/88. Every breach is a box; true when there is none. d0 is always
 // the hole. Only the first and the last bolt of a direction are measured against the edges. Kept on
 // purpose: the least spacing differs by direction under NTC (2.4 and 2.2 d0); the largest vertical
 // edge distance under CNR is 9 t on plate 1 and 6 t on plate 2; the d0 of a spacing is the smaller

@@ -25,14 +25,14 @@ std::string NomeRelazione(const DestinazioneRelazione& dest, const std::string& 
 void CalcolaSEq(int s, Risultati& ris);
 
 // Weld factors of a steel by the digits in its name; both 0 for an unknown steel, so that every
-// weld fails. NTC 2018 table 4.2.XIX.
+// weld fails. NTC 2018, 4.2.8.2.4.
 struct FattoriSaldatura {
     double Beta1 = 0.0, Beta2 = 0.0;
 };
 FattoriSaldatura FattoriSLU(const std::string& nomeAcciaio);
 
-// TA: whether weld line j (0..29) of load set s passes, with the load case factor k (CNR 10011/88,
-// 5.1.2). Kept on purpose: the tests on Tau_pa and Tau_pe alone take no absolute value.
+// TA: whether weld line j (0..29) of load set s passes, with the load case factor k (CNR 10011/88).
+// Kept on purpose: the tests on Tau_pa and Tau_pe alone take no absolute value.
 bool VerificaSaldaturaTA(const Nodo& nodo, const Risultati& ris, int j, int s, double k);
 // TA: coefficient of the allowable bearing stress of load set s, at most 2.5.
 double CoeffRifollamento(const Nodo& nodo, const Opzioni& opz, int s);
