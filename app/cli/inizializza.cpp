@@ -31,6 +31,14 @@ std::string InizializzaAlbero(const std::string& origine, const std::string& des
     for (const char* cosa : {"custom", "help", "progra/font.001", "lavori"}) {
         if (std::string e = copia(cosa); !e.empty()) return e;
     }
+    // Reports made in the tree of origin stay there.
+    for (fs::recursive_directory_iterator it(a / "lavori", ec), fine; !ec && it != fine;
+         it.increment(ec)) {
+        const std::string nome = it->path().filename().string();
+        std::error_code altro;
+        if (nome.rfind("Rel", 0) == 0 && it->path().extension() == ".txt")
+            fs::remove(it->path(), altro);
+    }
     std::string errore = ScriviFile((a / "impostazioni/dirlav").string(),
                                     (a / "lavori").string() + "\n", Codifica::windows1252);
     if (errore.empty()) {

@@ -133,7 +133,7 @@ int main(int argc, char** argv) {
 
     // Options come before the work of the command: callbacks run when all is parsed.
     app.parse_complete_callback([&] {
-        if (!diroot.empty()) avvio.diroot = diroot;
+        if (!diroot.empty()) avvio.diroot = PercorsoAssoluto(diroot);
         if (!lavoro.empty()) avvio.lavoro = lavoro;
     });
     try {

@@ -2,9 +2,17 @@
 
 #include <filesystem>
 
+#include "base/file_testo.h"
+
 namespace tk07 {
 
 namespace fs = std::filesystem;
+
+std::string PercorsoAssoluto(const std::string& percorso) {
+    std::error_code ec;
+    const fs::path intero = fs::absolute(PercorsoPiattaforma(percorso), ec).lexically_normal();
+    return ec ? percorso : intero.string();
+}
 
 std::string DirettorioProgramma(const char* argv0) {
     std::error_code ec;

@@ -45,6 +45,7 @@ std::string TestoFormattato(const Json& r, const Piattaforma& p) {
                         r.contains("fattore") ? Numero(r, "fattore") : 1.0, p);
     }
     const int larghezza = Intero(r, "larghezza");
+    if (larghezza < 0 || larghezza > 32767) throw RichiestaErrata{"larghezza errata"};
     const Separatore sep = r.value("separatore", false) ? Separatore::barra : Separatore::no;
     const Allinea al = r.contains("allineamento") && Testo(r, "allineamento") == "R"
                            ? Allinea::destra

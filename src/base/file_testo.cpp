@@ -247,7 +247,12 @@ std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifi
     }
     std::string bytes;
     std::string_view dati = testo;
-    if (codifica == Codifica::windows1252 && AWindows1252(testo, bytes)) dati = bytes;
+    // Bytes that would be read back as another text (they happen to be valid UTF-8) are no use
+    // either.
+    if (codifica == Codifica::windows1252 && AWindows1252(testo, bytes) &&
+        DaBytes(bytes) == testo) {
+        dati = bytes;
+    }
     const std::string provvisorio = nome + ".tk7tmp";
     std::FILE* f = std::fopen(provvisorio.c_str(), "wb");
     if (f == nullptr) return MessaggioSistema(errno);

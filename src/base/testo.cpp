@@ -38,17 +38,37 @@ std::size_t LunghezzaNumero(std::string_view t) {
     return i;
 }
 
-double Converti(std::string_view t) {
+// Power of ten of the first digit that counts: what is beyond the range of a double is too small
+// below 0, too large above.
+long OrdineDiGrandezza(std::string_view t) {
+    long ordine = 0;
+    bool dopoPunto = false, trovata = false;
+    std::size_t i = 0;
+    for (; i < t.size() && t[i] != 'e' && t[i] != 'E'; ++i) {
+        if (t[i] == '.') dopoPunto = true;
+        if (!Cifra(t[i])) continue;
+        trovata = trovata || t[i] != '0';
+        if (trovata && !dopoPunto) ++ordine;
+        if (!trovata && dopoPunto) --ordine;
+    }
+    long esponente = 0;
+    if (i < t.size()) {
+        const bool piu = i + 1 < t.size() && t[i + 1] == '+';
+        const char* da = t.data() + i + (piu ? 2 : 1);
+        const auto r = std::from_chars(da, t.data() + t.size(), esponente);
+        if (r.ec != std::errc()) esponente = *da == '-' ? -1000000000L : 1000000000L;
+    }
+    return ordine + esponente;
+}
+
+// The number that `t` spells; too small is 0, too large has no value.
+std::optional<double> Converti(std::string_view t) {
     if (!t.empty() && t.front() == '+') t.remove_prefix(1);
     double x = 0.0;
     const auto r = std::from_chars(t.data(), t.data() + t.size(), x);
-    if (r.ec == std::errc::result_out_of_range) {
-        // Too small is 0; too large has no value.
-        const std::size_t e = t.find_first_of("eE");
-        if (e != std::string_view::npos && e + 1 < t.size() && t[e + 1] == '-') return 0.0;
-        throw ErroreFatale("Numero troppo grande: " + std::string(t.substr(0, 40)));
-    }
-    return x;
+    if (r.ec != std::errc::result_out_of_range) return x;
+    if (OrdineDiGrandezza(t) <= 0) return 0.0;
+    return std::nullopt;
 }
 
 // Folds one two-byte Latin letter C3 80..C3 BE; 0xD7 and 0xF7 (times, divide) have no case.
@@ -184,18 +204,19 @@ std::string TogliCR(std::string_view testo) {
 double ValoreIniziale(std::string_view t) {
     while (!t.empty() && Bianco(t.front())) t.remove_prefix(1);
     const std::size_t n = LunghezzaNumero(t);
-    return n == 0 ? 0.0 : Converti(t.substr(0, n));
+    if (n == 0) return 0.0;
+    const auto x = Converti(t.substr(0, n));
+    if (!x)
+        throw ErroreFatale("Numero troppo grande: " +
+                           std::string(t.substr(0, std::min<std::size_t>(n, 40))));
+    return *x;
 }
 
 std::optional<double> ValoreStretto(std::string_view testo) {
     while (!testo.empty() && Bianco(testo.back())) testo.remove_suffix(1);
     while (!testo.empty() && Bianco(testo.front())) testo.remove_prefix(1);
     if (testo.empty() || LunghezzaNumero(testo) != testo.size()) return std::nullopt;
-    double x = 0.0;
-    const bool piu = testo.front() == '+';
-    const auto r = std::from_chars(testo.data() + (piu ? 1 : 0), testo.data() + testo.size(), x);
-    if (r.ec != std::errc()) return std::nullopt;
-    return x;
+    return Converti(testo);
 }
 
 short InteroIniziale(std::string_view testo, std::string_view dove) {

@@ -41,11 +41,10 @@ bool PrendiRiga(Nodo& nodo, const RigaChiave& riga, const std::string& dove,
     return false;
 }
 
+// Keys that are written for people and never read.
 bool ChiaveNota(const RigaChiave& riga) {
-    std::string valore;
-    std::vector<short> indici;
-    return LeggiChiave(riga, "descrizionetk07", valore, indici) ||
-           LeggiChiave(riga, "datasalvataggio", valore, indici);
+    return Contiene(riga.minuscola, "[descrizionetk07") ||
+           Contiene(riga.minuscola, "[datasalvataggio");
 }
 
 }  // namespace
@@ -127,8 +126,8 @@ bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p, 
             }
         } catch (const ErroreFatale& e) {
             throw ErroreFatale(e.what(), e.Dove().find(nome) == 0 ? e.Dove()
-                                         : e.Dove().empty()       ? dove + ": " + riga.testo
-                                                                  : dove + ", " + e.Dove());
+                                         : e.Dove().empty() ? dove + ": " + riga.testo.substr(0, 60)
+                                                            : dove + ", " + e.Dove());
         }
     }
     if (note != nullptr) {

@@ -181,10 +181,14 @@ std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string&
     if (std::string e = NonUsabile(s, nome, TipoControllo::campo); !e.empty()) return e;
     EseguiComando(s, [&] {
         s.InsDati[nome].testo = testo;
-        if (tasto == 27) {
-            Ripristina(s, nome, n);
-        } else if (tasto == 13 || tasto == 0) {
-            Valuta(s, n, testo);
+        try {
+            if (tasto == 27) {
+                Ripristina(s, nome, n);
+            } else if (tasto == 13 || tasto == 0) {
+                Valuta(s, n, testo);
+            }
+        } catch (const ErroreFatale& e) {
+            throw ErroreFatale(e.what(), e.Dove().empty() ? "campo " + nome : e.Dove());
         }
     });
     return {};
@@ -210,7 +214,7 @@ std::string ImpostaCasella(Sessione& s, const std::string& nome, int valore) {
     if (std::string e = NonUsabile(s, nome, TipoControllo::casella); !e.empty()) return e;
     const NomeControllo n = DividiNome(nome);
     EseguiComando(s, [&] {
-        s.InsDati[nome].valore = valore;
+        s.InsDati[nome].valore = valore != 0 ? 1 : 0;
         s.RisultatiValidi = false;
         if (n.base == "CasCar") {
             s.nodo.CasoCarico(SestettoDellaRiga(s, n.indice)) =

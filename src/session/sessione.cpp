@@ -16,7 +16,8 @@ bool EseguiComando(Sessione& s, const std::function<void()>& comando) {
     } catch (const ErroreFatale& e) {
         std::string testo = "Errore non recuperabile: " + std::string(e.what());
         if (!e.Dove().empty()) testo += "\nin " + e.Dove();
-        if (!s.dir.dirTemp.empty() && EsisteDirettorio(s.dir.dirTemp)) {
+        // A start-up that fails has no joint to save, and must not overwrite an earlier recovery.
+        if (s.InsDati.aperto && EsisteDirettorio(s.dir.dirTemp)) {
             const std::string recupero = s.dir.dirTemp + "\\TK07_recupero.tk7";
             const std::string errore = ScriviFile(
                 recupero, TestoFileNodo(*prima, s.piattaforma.orologio()), Codifica::windows1252);

@@ -23,7 +23,7 @@ TEST(Locale, NumbersKeepThePointUnderADecimalComma) {
     EXPECT_EQ(TestoNumero(0.5), ".5");
     EXPECT_EQ(ValoreIniziale("2.75 mm"), 2.75);
     EXPECT_EQ(ValoreStretto(" 2,75 "), std::nullopt);
-    EXPECT_EQ(Formatta(12.345, "(dv_02)(np_1)", 0.01, PiattaformaMuta()), ".1234");
+    EXPECT_EQ(Formatta(12.5, "(dv_02)(np_1)", 0.01, PiattaformaMuta()), ".125");
 }
 
 }  // namespace

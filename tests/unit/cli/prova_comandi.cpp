@@ -1,0 +1,358 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <random>
+#include <set>
+#include <tuple>
+
+#include "aiuti/prova.h"
+#include "base/testo.h"
+#include "unit/joint/confronto.h"
+
+namespace tk07 {
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+struct Uscita {
+    int codice = -1;
+    std::string testo, errori;
+};
+
+struct Riga {
+    prova::Cartella cartella;
+    std::string radice = prova::AlberoDiProva(cartella);
+    std::string Esempio(const std::string& nome) const {
+        return radice + "/lavori/esempi/" + nome + ".tk7";
+    }
+    Uscita Esegui(const std::string& argomenti, const std::string& ambiente = "") const {
+        Uscita u;
+        u.codice =
+            prova::Esegui(ambiente + " " TK07_PROGRAMMA " --diroot " + radice + " " + argomenti,
+                          &u.testo, &u.errori);
+        return u;
+    }
+};
+
+const char* const kVerificato = "01_ipe160_su_ipe270";
+const char* const kNonVerificato = "09_hea260_su_hea400";  // allowable stress
+const char* const kInterassi = "10_ipe220_su_ipe330";      // fails, and breaks a spacing rule
+
+void PretendiUnaRiga(const Uscita& u, const std::string& file) {
+    ASSERT_FALSE(u.errori.empty());
+    std::vector<std::string> righe = Dividi(u.errori, '\n');
+    righe.pop_back();
+    for (const std::string& r : righe) {
+        EXPECT_EQ(r.find(file + ": "), 0u) << r.substr(0, 200);
+        EXPECT_GT(r.size(), file.size() + 10) << r;
+    }
+}
+
+TEST(Comandi, VerificaJsonHasItsFieldsAndCodes) {
+    const Riga t;
+    struct Caso {
+        const char* argomenti;
+        const char* file;
+        const char* metodo;
+        int codice;
+    };
+    for (const Caso& c : {Caso{"", kVerificato, "SLU", 0},
+                          {"--metodo ta", kVerificato, "TA", 0},
+                          {"--metodo ta --fermati", kNonVerificato, "TA", 1},
+                          {"", kInterassi, "SLU", 1},
+                          {"--fermati", kInterassi, "SLU", 3}}) {
+        SCOPED_TRACE(std::string(c.argomenti) + " " + c.file);
+        const Uscita u =
+            t.Esegui("verifica --json " + std::string(c.argomenti) + " " + t.Esempio(c.file));
+        EXPECT_EQ(u.codice, c.codice);
+        ASSERT_EQ(std::count(u.testo.begin(), u.testo.end(), '\n'), 1);
+        const Json j = Json::parse(u.testo);
+        const bool fermata = c.codice == 3, slu = c.metodo[0] == 'S';
+        EXPECT_EQ(j["file"], t.Esempio(c.file));
+        EXPECT_EQ(j["metodo"], c.metodo);
+        EXPECT_EQ(j["interrotta"], fermata);
+        EXPECT_EQ(j["verificato"], fermata ? Json(nullptr) : Json(c.codice == 0));
+        EXPECT_TRUE(c.codice == 0 || !j["messaggi"].empty());
+        for (const Json& m : j["messaggi"]) {
+            EXPECT_TRUE(m["testo"].is_string() && m["titolo"].is_string() &&
+                        m["segno"].is_string());
+        }
+        const std::string relazione =
+            t.radice + "/lavori/esempi/Rel" + c.metodo + "_TK07_" + c.file + ".txt";
+        EXPECT_EQ(j["relazione"], fermata ? Json(nullptr) : Json(relazione));
+        EXPECT_EQ(prova::LeggiTesto(relazione).size() > 1000, !fermata);
+        fs::remove(relazione);
+        const Json nodo = Json::parse(t.Esegui("mostra --json " + t.Esempio(c.file)).testo);
+        const std::size_t b = nodo["nBull"], n = fermata ? 0 : nodo["nSollAg"].get<std::size_t>();
+        const auto numeri = [](const Json& a, std::size_t quanti) {
+            return a.is_array() && a.size() == quanti &&
+                   std::all_of(a.begin(), a.end(), [](const Json& x) { return x.is_number(); });
+        };
+        EXPECT_TRUE(numeri(j["LungSald"], fermata ? 0 : 15));
+        for (const char* k : {"Fv_Rd", "Fb_Rd", "Ft_Rd", "Bp_Rd"}) {
+            EXPECT_TRUE(numeri(j[k], slu && !fermata ? b : 0)) << k;
+        }
+        ASSERT_EQ(j["sestetti"].size(), n);
+        // lengths with limit states and with allowable stress
+        const std::tuple<const char*, std::size_t, std::size_t> tavole[] = {
+            {"Sigma", b, b}, {"Tau", 0, b},  {"Fv_Ed", b, 0},    {"Ft_Ed", b, 0},
+            {"Co1", b, 0},   {"Co2", b, 0},  {"Tau_pa", 30, 30}, {"Tau_pe", 30, 30},
+            {"SEq1", 30, 0}, {"SEq2", 30, 0}};
+        for (std::size_t k = 0; k < n; ++k) {
+            const Json& s = j["sestetti"][k];
+            EXPECT_EQ(s["NomeSa"], nodo["NomeSa"][k]);
+            EXPECT_TRUE(s["verificato"].is_boolean());
+            for (const auto& [nome, con, senza] : tavole) {
+                EXPECT_TRUE(numeri(s[nome], slu ? con : senza)) << nome;
+            }
+            EXPECT_TRUE(numeri(s["S_prp"][0], 30) && numeri(s["S_prp"][1], 30));
+            EXPECT_EQ(s["SigRifPias"].size(), slu ? 0u : b);
+            for (const Json& x : s["SigRifPias"]) EXPECT_TRUE(numeri(x, 2));
+            EXPECT_TRUE(s["Sig"].is_number() && s["SigPiastra2"].is_number());
+        }
+    }
+}
+
+TEST(Comandi, FilesDoNotInfluenceEachOther) {
+    const Riga t;
+    prova::ScriviTesto(t.Esempio("scarso"), "[ReleaseQuestoFile=1]\n1 [TipoVer]\n");
+    prova::ScriviTesto(t.Esempio("pieno"),
+                       "[ReleaseQuestoFile=1]\n30 [SpPiastra 1]\n9 [nBull]\n3 [x]\n");
+    const std::vector<std::string> nomi = {kNonVerificato, "scarso",    "manca",    "pieno",
+                                           "scarso",       kVerificato, kInterassi, kVerificato};
+    std::string insieme, separati, errori;
+    int massimo = 0;
+    for (const std::string& n : nomi) {
+        insieme += " " + t.Esempio(n);
+        const Uscita u = t.Esegui("verifica --json " + t.Esempio(n));
+        massimo = std::max(massimo, u.codice);
+        separati += u.testo;
+        errori += u.errori;
+    }
+    const Uscita u = t.Esegui("verifica --json" + insieme);
+    EXPECT_EQ(u.testo, separati);
+    EXPECT_EQ(u.errori, errori);
+    EXPECT_EQ(u.codice, massimo);
+    EXPECT_EQ(massimo, 3);
+    // a fatal fault ends the run
+    prova::ScriviTesto(t.Esempio("guasto"), "[ReleaseQuestoFile=1]\n1 [Xbull 101]\n");
+    const Uscita g = t.Esegui("controlla " + t.Esempio("guasto") + " " + t.Esempio(kInterassi));
+    EXPECT_EQ(g.codice, 70);
+    EXPECT_EQ(g.testo, "");
+    PretendiUnaRiga(g, t.Esempio("guasto"));
+    EXPECT_TRUE(Contiene(g.errori, "riga 2") && Contiene(Minuscolo(g.errori), "xbull"));
+}
+
+TEST(Comandi, ControllaMostraAndTheLibraries) {
+    const Riga t;
+    EXPECT_EQ(t.Esegui("controlla " + t.Esempio(kVerificato)).codice, 0);
+    EXPECT_EQ(t.Esegui("controlla " + t.Esempio(kVerificato)).testo, "");
+    Uscita u = t.Esegui("controlla " + t.Esempio(kInterassi));
+    EXPECT_EQ(u.codice, 1);
+    EXPECT_EQ(u.testo.find(t.Esempio(kInterassi) + ": "), 0u);
+    prova::ScriviTesto(t.Esempio("nullo"), "[ReleaseQuestoFile=1]\n0 [spSaldS1]\n0 [BPiastra 1]\n");
+    u = t.Esegui("controlla " + t.Esempio("nullo"));
+    EXPECT_EQ(u.codice, 1);
+    EXPECT_TRUE(Contiene(u.testo, "nullo.tk7: Lato delle saldature negativo o nullo.\n"));
+    EXPECT_TRUE(Contiene(u.testo, "nullo.tk7: Dimensioni della piastra 1 negative o nulle.\n"));
+    u = t.Esegui("verifica " + t.Esempio("nullo"));
+    EXPECT_EQ(u.codice, 3);
+    EXPECT_TRUE(Contiene(u.errori, "nullo.tk7: La verifica non è possibile!\n"));
+
+    // the old format by the command line: example 12 by hand from its lines
+    const Json n =
+        Json::parse(t.Esegui("mostra --json " + t.Esempio("12_ipe240_su_ipe400_vecchio")).testo);
+    EXPECT_EQ(n["distAliPriSec"], 80.0);
+    EXPECT_EQ(n["NomeNodi"], Json({3, 9}));
+    EXPECT_EQ(n["NomeSa"][1], "SLU 2: 1.3 G1 + 1.5 Q, più vento");
+    u = t.Esegui("mostra " + t.Esempio(kVerificato));
+    EXPECT_EQ(u.codice, 0);
+    EXPECT_TRUE(Contiene(u.testo, "IPE270") && Contiene(u.testo, "S 235 (FE 360)"));
+
+    const Json sezioni = Json::parse(t.Esegui("sezioni --json").testo);
+    const auto ipe = std::find_if(sezioni.begin(), sezioni.end(),
+                                  [](const Json& x) { return x["Nome"] == "IPE270"; });
+    ASSERT_NE(ipe, sezioni.end());
+    EXPECT_EQ((*ipe)["H"], 270.0);
+    EXPECT_DOUBLE_EQ((*ipe)["Area"].get<double>(), 4594.5);  // mm2, of 45.945 cm2
+    const Json mat = Json::parse(t.Esegui("materiali --json").testo);
+    EXPECT_EQ(mat["AcciaiAperte"][0]["Ftk40"], 3600.0);
+    EXPECT_EQ(mat["AcciaiAperte"][0]["Fyk80"], 2150.0);
+    EXPECT_EQ(mat["Base"]["MatBaseValidi"], true);
+    for (const char* c : {"sezioni", "materiali"}) EXPECT_EQ(t.Esegui(c).codice, 0);
+
+    const std::string nuovo = (t.cartella / "nuovo albero").string();
+    EXPECT_EQ(t.Esegui("inizializza '" + nuovo + "'").codice, 0);
+    EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA " --diroot '" + nuovo + "' verifica '" + nuovo +
+                            "/lavori/esempi/" + kVerificato + ".tk7'"),
+              0);
+    u = t.Esegui("inizializza '" + nuovo + "'");  // not empty any more
+    EXPECT_EQ(u.codice, 2);
+    PretendiUnaRiga(u, nuovo);
+}
+
+TEST(Comandi, WrongUseIs2AndHelpIs0) {
+    const Riga t;
+    for (const char* a : {"", "boh", "verifica", "verifica --metodo xx a.tk7", "mostra",
+                          "mostra a b", "verifica --boh a", "sezioni a"}) {
+        const Uscita u = t.Esegui(a);
+        EXPECT_EQ(u.codice, 2) << a;
+        EXPECT_EQ(u.testo, "") << a;
+        EXPECT_EQ(std::count(u.errori.begin(), u.errori.end(), '\n'), 1) << a << ": " << u.errori;
+    }
+    for (const char* a :
+         {"verifica", "controlla", "mostra", "sezioni", "materiali", "inizializza", "sessione"}) {
+        const Uscita u = t.Esegui(std::string(a) + " --help");
+        EXPECT_EQ(u.codice, 0) << a;
+        EXPECT_TRUE(Contiene(u.testo, std::string("Esempio: tk07 ") + a)) << a;
+    }
+    // the marked field, in capitals, on a root whose name is found whatever its case
+    std::string uscita;
+    EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA " '|DIROOT=" + Maiuscolo(t.radice) + "|' verifica " +
+                                t.Esempio(kVerificato),
+                            &uscita),
+              0);
+    EXPECT_TRUE(Contiene(uscita, t.radice + "/lavori/esempi/RelSLU_TK07_"));
+}
+
+TEST(Comandi, HostileFilesAreRefusedInOneLineEach) {
+    const Riga t;
+    std::mt19937_64 g(3);
+    std::string casuali;
+    for (int i = 0; i < 50000; ++i) casuali += static_cast<char>(g());
+    const std::string testata = "ARGANOWIN [ReleaseQuestoFile=1]\n";
+    const std::string esempio = prova::LeggiTesto(t.Esempio(kVerificato));
+    const std::string nul(1, '\0'), lunga(1 << 20, 'x'), cifre(1 << 20, '7');
+    struct Caso {
+        const char* nome;
+        std::string testo;
+        std::set<int> codici;
+    };
+    const std::set<int> rifiuto = {2}, giudizio = {0, 1, 2, 3}, fatale = {70};
+    const Caso casi[] = {
+        {"vuoto", "", rifiuto},
+        {"capo", "\n", rifiuto},
+        {"casuali", casuali, rifiuto},
+        {"casuali_chiavi", testata + casuali, {2, 3, 70}},
+        {"nul", std::string(100000, '\0'), rifiuto},
+        {"nul_valori",
+         testata + "IPE" + nul + "270 [TraPri_Nome]\n1" + nul + "2 [spSaldS1]\n",
+         {3}},
+        {"riga_lunga", lunga, rifiuto},
+        {"chiave_lunga", esempio + "1 [" + lunga + "]\n", {0}},
+        {"parentesi", esempio + std::string(1 << 20, '[') + "\n", {0}},
+        {"nome_lungo", testata + lunga + " [TraPri_Nome]\n", {3}},
+        {"numero_lungo", testata + cifre + " [spSaldS1]\n", fatale},
+        {"indice_lungo", testata + "1 [Xbull " + cifre + "]\n", fatale},
+        {"esposizione_lunga", testata + lunga + " [Esposizione]\n", fatale},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.nome);
+        const std::string file = (t.cartella / c.nome).string();
+        prova::ScriviTesto(file, c.testo);
+        const Uscita u = t.Esegui("verifica " + file);
+        EXPECT_TRUE(c.codici.contains(u.codice)) << u.codice;
+        if (u.codice == 0) continue;
+        PretendiUnaRiga(u, file);
+        EXPECT_LT(u.errori.size(), 5000u);  // a message is for a person to read
+        EXPECT_EQ(u.testo, "");
+    }
+    const std::string grande = (t.cartella / "grande").string();
+    prova::ScriviTesto(grande, testata);
+    fs::resize_file(grande, 100u << 20);
+    for (const std::string& file :
+         {grande, t.radice, t.Esempio("manca"), t.Esempio("manca") + "/x"}) {
+        for (const char* comando : {"verifica ", "controlla ", "mostra ", "mostra --json "}) {
+            const Uscita u = t.Esegui(comando + file);
+            EXPECT_EQ(u.codice, 2) << comando << file;
+            EXPECT_EQ(u.testo, "");
+            PretendiUnaRiga(u, file);
+            EXPECT_EQ(std::count(u.errori.begin(), u.errori.end(), '\n'), 1) << u.errori;
+        }
+    }
+}
+
+// Whatever bytes a joint file is damaged in: it is read, refused, or ends in the fatal fault.
+TEST(Comandi, DamagedJointFilesNeverCrashTheReader) {
+    prova::SessioneDiProva p;
+    const Riga t;
+    std::mt19937_64 g(11);
+    const auto fino = [&](std::size_t n) { return static_cast<std::size_t>(g() % n); };
+    std::vector<std::string> semi;
+    for (const char* nome : {"04_hea200_su_heb300", "08_hea600_su_heb900", kInterassi,
+                             "12_ipe240_su_ipe400_vecchio"}) {
+        semi.push_back(prova::LeggiTesto(t.Esempio(nome)));
+    }
+    const std::string pezzi[] = {"-",
+                                 "9",
+                                 "1e308",
+                                 "e",
+                                 "[",
+                                 "]",
+                                 " ",
+                                 "\n",
+                                 "\"",
+                                 ",",
+                                 "\xF9",
+                                 "0",
+                                 "nan",
+                                 ".",
+                                 "[nBull]",
+                                 "-32768",
+                                 std::string(1, '\0')};
+    std::set<int> visti;
+    for (int giro = 0; giro < 400; ++giro) {
+        std::string testo = semi[static_cast<std::size_t>(giro) % semi.size()];
+        for (std::size_t k = 1 + fino(6); k > 0 && !testo.empty(); --k) {
+            const std::size_t dove = fino(testo.size());
+            switch (fino(4)) {
+                case 0:
+                    testo[dove] = static_cast<char>(g());
+                    break;
+                case 1:
+                    testo.insert(dove, pezzi[fino(std::size(pezzi))]);
+                    break;
+                case 2:
+                    testo.erase(dove, 1 + fino(20));
+                    break;
+                default:
+                    testo.insert(dove, testo.substr(fino(testo.size()), fino(200)));
+            }
+        }
+        const std::string file = (t.cartella / "danno.tk7").string();
+        prova::ScriviTesto(file, testo);
+        const auto s = std::make_unique<Sessione>(*p.s);
+        const auto prima = std::make_unique<Nodo>(s->nodo);
+        const bool riuscito = EseguiComando(*s, [&] {
+            if (ApriNodo(*s, file)) VerificaSessione(*s);
+        });
+        ASSERT_EQ(s->codiceUscita, riuscito ? 0 : 70);
+        if (!riuscito) {
+            ASSERT_TRUE(prova::Uguali(s->nodo, *prima));
+        }
+        ASSERT_EQ(s->InsDati["Cb_Acciaio"].testo, s->nodo.acciaio.Nome);
+        if (giro % 8 == 0) {
+            const int codice = t.Esegui("verifica " + file).codice;
+            EXPECT_TRUE((std::set<int>{0, 1, 2, 3, 70}).contains(codice)) << codice;
+            visti.insert(codice);
+        }
+    }
+    EXPECT_GE(visti.size(), 3u);  // the damage is neither always fatal nor always harmless
+}
+
+TEST(Comandi, NumbersDoNotDependOnTheLanguage) {
+    const Riga t;
+    const std::string file = t.Esempio("13_w310x38.7_su_w460x60");
+    for (const std::string& a :
+         {"verifica --json " + file, "mostra " + file, std::string("sezioni --json"),
+          "verifica --stampa --metodo ta " + file}) {
+        const Uscita c = t.Esegui(a, "LC_ALL=C"), it = t.Esegui(a, "LC_ALL=it_IT.UTF-8");
+        EXPECT_EQ(c.testo, it.testo);
+        EXPECT_EQ(c.codice, it.codice);
+        EXPECT_GT(c.testo.size(), 500u);
+    }
+}
+
+}  // namespace
+}  // namespace tk07
