@@ -1,0 +1,220 @@
+#include "bolting/proposte.h"
+
+#include <cmath>
+
+#include "base/aritmetica.h"
+
+namespace tk07 {
+
+namespace {
+
+constexpr double kLarghezzaMinima = 120.0;  // mm, floor on the width of both plates
+constexpr double kInSu = 0.99;              // with Int: up to the next whole millimetre
+constexpr double kSenzaLimite = 1e20;       // mm
+
+constexpr const char* kNonCompatibili =
+    "Diametro dei bulloni e dimensioni delle piastre 'non compatibili'. Aumentare lo spessore "
+    "delle piastre o le loro dimensioni o diminuire il diametro o la tolleranza foro/bullone";
+constexpr const char* kNienteSopra =
+    "Impossibile inserire bulloni nella porzione sopra la trave secondaria.\n"
+    "Modificare il diametro dei bulloni o le dimensioni delle piastre.";
+constexpr const char* kNienteSotto =
+    "Impossibile inserire bulloni nella porzione sotto la trave secondaria.\n"
+    "Modificare il diametro dei bulloni o le dimensioni delle piastre.";
+constexpr const char* kNienteALato =
+    "Impossibile inserire bulloni a lato dell'anima della trave secondaria.\n"
+    "Modificare il diametro dei bulloni o le dimensioni delle piastre.";
+
+// Rib i (1, 2) of height h at the plate.
+void ProponiNervatura(Nodo& n, int i, double h) {
+    n.H1Nerv(i) = h;
+    n.H2Nerv(i) = Int(2.0 / 3.0 * n.H1Nerv(i));
+    n.BNerv(i) = Int(n.TraSec.H / 2.0 + kInSu);
+    n.SpNerv(i) = Int(n.TraSec.tw + kInSu);
+    // Kept on purpose: a rib that is off takes the sizes and stays off; only lack of room switches.
+    if (n.H1Nerv(i) <= 0.0) {
+        n.H1Nerv(i) = n.H2Nerv(i) = n.BNerv(i) = 0.0;
+        n.AttNerv(i) = false;
+    }
+}
+
+bool Compatibili(const LimitiProposta& l) {
+    return !(l.eMinX > l.eMaxX || l.eMinY > l.eMaxY || l.eMinX > l.eMax2X || l.eMinY > l.eMax2Y ||
+             l.passoMinX > l.passoMax);
+}
+
+// The positions along one side of a zone: the first, the pitch, how many (less than 1: none).
+struct Fila {
+    double primo = 0.0, passo = 0.0, quanti = 0.0;
+    double operator()(int i) const { return primo + passo * i; }
+};
+
+Fila FilaTra(double da, double a, double passoMin) {
+    Fila f;
+    f.quanti = Int((a - da) / passoMin) + 1.0;
+    PRETENDI(std::isfinite(f.quanti), "Interasse minimo dei bulloni nullo");
+    f.primo = da;
+    if (f.quanti > 1.0) f.passo = (a - da) / (f.quanti - 1.0);
+    if (f.quanti == 1.0) f.primo = std::fabs(a - da) / 2.0 + da;
+    return f;
+}
+
+// The left half of the joint, X < 0, zone by zone.
+class MetaSinistra {
+  public:
+    MetaSinistra(const Nodo& n, const LimitiProposta& l, BulloniTemp& t, const Piattaforma& p)
+        : n_(n),
+          l_(l),
+          t_(t),
+          p_(p),
+          Ybase(n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec),
+          Ytop2(Ybase + n.distAlaSecPiastra),
+          M(Max(l.distSald + n.spSaldS2 + l.Rf, l.eMinY)),
+          // Kept on purpose: with the 1 a limit goes to the next whole millimetre inside the zone,
+          // also when it is whole already.
+          x0(Int(l.comune.xMin + l.eMinX + 1.0)) {}
+
+    int Sopra() {
+        const double y0 = Int(Max(M, Ybase + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
+        const double y1 = Min(n_.HPiastra(1) - M, Ytop2 - l_.eMinY);
+        return Riempi(1, y0, y1, l_.comune.yMax - Ybase, kNienteSopra);
+    }
+
+    int Sotto() {
+        const double y0 = Int(Max(M, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
+        const double y1 =
+            Min(n_.HPiastra(1) - M, Ybase - n_.TraSec.H - n_.spSaldS1 - l_.distSald - l_.Rf);
+        return Riempi(2, y0, y1, Ybase - n_.TraSec.H - l_.comune.yMin, kNienteSotto);
+    }
+
+    int ALato() {
+        const ProfiloRec& s = n_.TraSec;
+        const double y1 =
+            Min(Min(n_.HPiastra(1) - M, Ybase - s.tf - n_.spSaldS1 - l_.distSald - l_.Rf),
+                Ytop2 - l_.eMinY);
+        const double suAla =
+            Int(Max(M, Ybase - s.H + s.tf + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
+        // Kept on purpose: the lower limit takes the step to the next millimetre twice.
+        const double y0 = Int(Max(suAla, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
+        const double x1 = Int(-Max(s.tw / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
+                              l_.distSald - l_.Rf);
+        // Kept on purpose: tried also when the limits cross, so that it warns where there is no
+        // plate between the flanges at all.
+        return RiempiArea({x0, x1, y0, y1}, l_, kNienteALato, t_, p_);
+    }
+
+  private:
+    // The zone of rib i; `piastra` [mm] is the height of plate there.
+    int Riempi(int i, double y0, double y1, double piastra, const char* messaggio) {
+        if (y0 < y1) return RiempiArea({x0, LimiteDestro(i), y0, y1}, l_, messaggio, t_, p_);
+        if (piastra > 0.0) MostraAvviso(p_, messaggio);
+        return 0;
+    }
+
+    double LimiteDestro(int i) const {
+        if (n_.AttNerv(i)) {
+            return Int(-Max(n_.SpNerv(i) / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
+                       l_.distSald - l_.Rf);
+        }
+        // Kept on purpose: without the rib the limit is not cut to a whole millimetre.
+        return -n_.SpNerv(3) / 2.0 - n_.spSaldS2 - l_.distSald - l_.Rf;
+    }
+
+    const Nodo& n_;
+    const LimitiProposta& l_;
+    BulloniTemp& t_;
+    const Piattaforma& p_;
+    const double Ybase;  // upper flange of the secondary beam
+    const double Ytop2;  // top of plate 2
+    const double M;      // margin of the top and the bottom of plate 1
+    const double x0;     // left limit of every zone
+};
+
+}  // namespace
+
+void ProponiPias(Nodo& n) {
+    n.BPiastra(1) = Max(n.TraPri.B, kLarghezzaMinima);
+    n.HPiastra(1) = Int(n.TraPri.H - 2.0 * n.TraPri.tf);
+    // Kept on purpose: the thicknesses are not cut to whole millimetres, as the default joint's
+    // are.
+    n.SpPiastra(1) = Max(n.TraPri.tf, n.TraSec.tf);
+    n.BPiastra(2) = Max(n.TraSec.B, kLarghezzaMinima);
+    const double sopra = n.AttNerv(1) ? Max(n.H1Nerv(1), n.distAlaSecPiastra) : n.distAlaSecPiastra;
+    const double sotto = n.AttNerv(2) ? n.H1Nerv(2) : 0.0;
+    n.HPiastra(2) = n.TraSec.H + sopra + sotto;
+    n.SpPiastra(2) = Max(n.TraPri.tf, n.TraSec.tf);
+}
+
+void ProponiNerv(Nodo& n) {
+    ProponiNervatura(n, 1, n.distAlaSecPiastra);
+    ProponiNervatura(n, 2, n.HPiastra(2) - n.TraSec.H - n.distAlaSecPiastra);
+    n.SpNerv(3) = Int(n.TraSec.tw + kInSu);
+}
+
+LimitiProposta LimitiPerProposta(const Nodo& nodo, const Opzioni& opz, double dProp) {
+    LimitiProposta l;
+    l.dProp = dProp;
+    l.d0 = dProp + opz.ValOpz(kOpzTollForo);
+    l.Rf = l.d0 / 2.0;
+    l.tMin = Min(nodo.SpPiastra(1), nodo.SpPiastra(2));
+    l.distSald = opz.ValOpz(kOpzDistSaldatura);
+    l.comune = AreaComune(nodo);
+    if (nodo.MetodoVerifica() == Metodo::TA) {
+        l.eMinX = 1.5 * l.d0;
+        l.eMinY = 2.0 * l.d0;
+        l.eMaxX = l.eMaxY = 6.0 * l.tMin;
+        l.eMax2X = l.eMax2Y = 9.0 * l.tMin;
+        l.passoMinX = l.passoMinY = 3.0 * l.d0;
+        l.passoMax = 15.0 * l.tMin;
+        return l;
+    }
+    l.eMinX = l.eMinY = 1.2 * l.d0;
+    double eMax = Max(8.0 * l.tMin, 125.0), passo = 175.0;  // resistant to corrosion
+    if (nodo.Esposizione == 0) eMax = 4.0 * l.tMin + 40.0, passo = 200.0;
+    if (nodo.Esposizione == 1) eMax = kSenzaLimite, passo = 200.0;
+    l.eMaxX = l.eMaxY = l.eMax2X = l.eMax2Y = eMax;
+    l.passoMinX = 2.4 * l.d0;
+    l.passoMinY = 2.2 * l.d0;
+    l.passoMax = Min(14.0 * l.tMin, passo);
+    return l;
+}
+
+int RiempiArea(const Rettangolo& zona, const LimitiProposta& lim, const std::string& messaggio,
+               BulloniTemp& t, const Piattaforma& p) {
+    const Fila y = FilaTra(zona.yMin, zona.yMax, lim.passoMinY);
+    const Fila x = FilaTra(zona.xMin, zona.xMax, lim.passoMinX);
+    if (y.quanti < 1.0 || x.quanti < 1.0) {
+        MostraAvviso(p, messaggio);
+        return 0;
+    }
+    EsigiPosto(t, x.quanti * y.quanti);
+    const int Nx = static_cast<int>(x.quanti), Ny = static_cast<int>(y.quanti);
+    for (int j = 0; j < Ny; ++j) {
+        for (int i = 0; i < Nx; ++i) AccodaBullone(t, x(i), y(j), lim.dProp);
+    }
+    return Nx * Ny;
+}
+
+int Proponi(const Nodo& nodo, const Opzioni& opz, double dProp, BulloniTemp& t,
+            const Piattaforma& p) {
+    const LimitiProposta lim = LimitiPerProposta(nodo, opz, dProp);
+    if (!Compatibili(lim)) {
+        MostraAvviso(p, kNonCompatibili);
+        return 0;
+    }
+    BulloniTemp nuovi = t;
+    MetaSinistra meta(nodo, lim, nuovi, p);
+    int n = meta.Sopra();
+    n += meta.Sotto();
+    n += meta.ALato();
+    const int primo = t.nBullTemp + 1;
+    EsigiPosto(nuovi, n);
+    for (int k = primo; k < primo + n; ++k) {
+        // 0 - x: a bolt on the axis is mirrored to 0, not to -0.
+        AccodaBullone(nuovi, 0.0 - nuovi.XbullTemp(k), nuovi.YbullTemp(k), nuovi.FibullTemp(k));
+    }
+    t = nuovi;
+    return 2 * n;
+}
+
+}  // namespace tk07
