@@ -11,6 +11,7 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "cli/banco.h"
 #include "cli/inizializza.h"
 #include "cli/json_nodo.h"
 #include "cli/mostra.h"
@@ -21,8 +22,6 @@
 namespace tk07 {
 
 namespace {
-
-void Stampa(const std::string& testo) { std::fwrite(testo.data(), 1, testo.size(), stdout); }
 
 bool SuTerminale() {
 #ifdef _WIN32
@@ -54,56 +53,6 @@ class Barra {
     std::size_t totale_;
     bool attiva_;
 };
-
-// A started session, with the port of the command line.
-struct Banco {
-    PortaCli porta;
-    std::unique_ptr<Sessione> s = std::make_unique<Sessione>();
-    int codice = kUscitaOk;  // of a start-up that failed
-
-    explicit Banco(const Avvio& avvio) {
-        porta.prefisso = "tk07";
-        s->piattaforma = porta.Fai();
-        EseguiComando(*s, [&] {
-            if (!Avvia(*s, avvio)) codice = kUscitaAvvio;
-        });
-        if (s->fine) codice = s->codiceUscita;
-    }
-    bool Avviato() const { return codice == kUscitaOk; }
-};
-
-// What the reader had to leave out is told: a verdict on half a file must not pass in silence.
-bool LetturaIntera(const Sessione& s, PortaCli& porta) {
-    const NoteLettura& note = s.ultimaLettura;
-    if (note.RigaInterrotta > 0) {
-        s.piattaforma.messaggio("riga " + std::to_string(note.RigaInterrotta) +
-                                    ": lettura interrotta (" + note.Causa + ")",
-                                kTitoloProgramma, Segno::critico, Pulsanti::OK);
-        return false;
-    }
-    constexpr std::size_t kElenco = 8;
-    std::string mancanti;
-    for (std::size_t i = 0; i < std::min(note.ChiaviMancanti.size(), kElenco); ++i) {
-        mancanti += (i == 0 ? " " : ", ") + note.ChiaviMancanti[i];
-    }
-    if (mancanti.empty()) return true;
-    if (note.ChiaviMancanti.size() > kElenco) {
-        mancanti += " e altre " + std::to_string(note.ChiaviMancanti.size() - kElenco);
-    }
-    Errore(porta.prefisso, "attenzione, chiavi mancanti:" + mancanti);
-    return true;
-}
-
-// Opens the file in the session; an exit code above 0 ends the work on it.
-int ApriFile(Sessione& s, PortaCli& porta, const std::string& file) {
-    porta.prefisso = file;
-    porta.messaggi.clear();
-    bool aperto = false;
-    EseguiComando(s, [&] { aperto = ApriNodo(s, file); });
-    if (s.fine) return s.codiceUscita;
-    if (!aperto || !LetturaIntera(s, porta)) return kUscitaUso;
-    return kUscitaOk;
-}
 
 std::string Verdetto(const Sessione& s) {
     const int n = s.nodo.nSollAg;

@@ -7,10 +7,6 @@
 
 namespace tk07 {
 
-// Exit codes of the command line.
-inline constexpr int kUscitaOk = 0, kUscitaNonVerificato = 1, kUscitaUso = 2,
-                     kUscitaNonPossibile = 3;
-
 struct OpzioniVerifica {
     std::vector<std::string> file;
     std::string metodo;  // "slu", "ta" or empty: the joint's own

@@ -216,9 +216,9 @@ Json JsonPannello(const Pannello& p) {
     for (const auto& [nome, c] : p.controlli) {
         Json j;
         j["testo"] = c.testo;
-        const bool conValore = c.tipo == TipoControllo::casella ||
-                               c.tipo == TipoControllo::opzione ||
-                               c.tipo == TipoControllo::scorrimento;
+        const bool conValore =
+            c.tipo == TipoControllo::casella || c.tipo == TipoControllo::opzione ||
+            c.tipo == TipoControllo::scorrimento || c.tipo == TipoControllo::schede;
         if (conValore) j["valore"] = c.valore;
         if (c.tipo == TipoControllo::scorrimento) {
             j["minimo"] = c.minimo;
@@ -228,6 +228,9 @@ Json JsonPannello(const Pannello& p) {
             j["voci"] = c.voci;
             j["indice"] = c.indice;
         }
+        if (c.sfondo != kColoreFinestra) j["sfondo"] = c.sfondo;
+        if (c.colore != kColoreTesto) j["colore"] = c.colore;
+        if (c.sottolineato) j["sottolineato"] = true;
         j["abilitato"] = c.abilitato;
         j["visibile"] = c.visibile;
         controlli[nome] = j;

@@ -5,7 +5,9 @@
 #include <memory>
 
 #include "base/testo.h"
+#include "cli/banco.h"
 #include "cli/comandi_cli.h"
+#include "cli/comandi_nodo.h"
 #include "cli/porta_cli.h"
 #include "cli/programma.h"
 
@@ -117,6 +119,48 @@ int main(int argc, char** argv) {
     c->add_option("FILE", file, "File di nodo (.tk7)")->required()->type_name("");
     c->add_flag("--json", json, "In JSON, con le chiavi del file di nodo");
     c->callback([&] { codice = ComandoMostra(avvio, file, json); });
+
+    OpzioniProponi proponi;
+    c = comando("proponi", "Propone piastre, nervature, bulloni",
+                "proponi nodo.tk7 --piastre --nervature --bulloni 16 -o nuovo.tk7");
+    c->add_option("FILE", proponi.file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_flag("--piastre", proponi.piastre, "Dimensioni delle piastre");
+    c->add_flag("--nervature", proponi.nervature, "Dimensioni delle nervature");
+    c->add_option("--bulloni", proponi.bulloni, "Disposizione di bulloni di questo diametro [mm]")
+        ->check(CLI::Range(0.2, 100.0).description(""))
+        ->type_name("DIAM");
+    c->add_option("-o", proponi.uscita, "File da scrivere")->required()->type_name("OUT");
+    c->callback([&] { codice = ComandoProponi(avvio, proponi); });
+
+    OpzioniCarichi carichi;
+    c = comando("carichi", "Cambia o esporta la tabella dei carichi",
+                "carichi nodo.tk7 --aggiungi 0,5000,0,0,0,0,\"SLU 1\" -o nodo.tk7");
+    c->add_option("FILE", carichi.file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_option("--aggiungi", carichi.aggiungi,
+                  "Aggiunge N,Ty,Tz,Mt,My,Mz[,NOME] nelle unità del lavoro")
+        ->take_all()
+        ->expected(1)
+        ->type_name("SESTETTO");
+    c->add_flag("--senza-doppi", carichi.senzaDoppi, "Rimuove i sestetti uguali");
+    c->add_flag("--max-min", carichi.maxMin, "Tiene massimi e minimi di ogni caratteristica");
+    c->add_option("--esporta", carichi.esporta, "Scrive la tabella in un file di testo")
+        ->type_name("OUT");
+    c->add_option("-o", carichi.uscita, "File di nodo da scrivere")->type_name("OUT");
+    c->callback([&] { codice = ComandoCarichi(avvio, carichi); });
+
+    OpzioniImporta importa;
+    c = comando("importa", "Importa le sollecitazioni dai risultati dell'analisi",
+                "importa nodo.tk7 --nodi 7 --aste 21 --casi 1-2 --spiega -o nodo.tk7");
+    c->add_option("FILE", importa.file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_option("--nodi", importa.nodi, "Nodi della struttura")->required()->type_name("LISTA");
+    c->add_option("--aste", importa.aste, "Aste da leggere")->required()->type_name("LISTA");
+    c->add_option("--casi", importa.casi, "Casi di carico")->type_name("LISTA");
+    c->add_option("--condizioni", importa.condizioni, "Condizioni di carico")->type_name("LISTA");
+    c->add_option("--sestetti", importa.sestetti, "Sestetti, 0 per tutti")->type_name("LISTA");
+    c->add_flag("--max-min", importa.maxMin, "Solo massimi e minimi");
+    c->add_flag("--spiega", importa.spiega, "Spiega campi, segni e destinazioni");
+    c->add_option("-o", importa.uscita, "File da scrivere")->required()->type_name("OUT");
+    c->callback([&] { codice = ComandoImporta(avvio, importa); });
 
     c = comando("sezioni", "Elenca i profili della libreria", "sezioni --json");
     c->add_flag("--json", json, "In JSON");

@@ -127,7 +127,13 @@ struct Protocollo::Stato {
     Json Leggi(const std::string& cosa) {
         if (cosa == "nodo") return JsonNodo(s.nodo);
         if (cosa == "risultati") return JsonVerifica(s, s.nomeFile, {});
-        if (cosa == "pannello") return {{"InsDati", JsonPannello(s.InsDati)}};
+        if (cosa == "pannello") {
+            Json j = Json::object();
+            for (std::size_t i = 0; i < s.pila.size(); ++i) {
+                j[s.pila[i]] = JsonPannello(*PannelliAperti(s)[i]);
+            }
+            return j;
+        }
         if (cosa == "sezioni") return JsonSezioni(s.profili);
         if (cosa == "materiali") return JsonMateriali(s.mat);
         if (cosa == "opzioni") return JsonOpzioni(s.opz);
@@ -138,23 +144,34 @@ struct Protocollo::Stato {
 
     // Carries out the request; returns what is wrong with it, or the empty text.
     std::string Esegui(const Json& r, Json& valore) {
-        if (r.contains("pannello") && r["pannello"] != "InsDati") {
-            return "pannello non aperto: " + SuRiga(r["pannello"]);
-        }
+        const std::string pannello = r.contains("pannello") ? Testo(r, "pannello") : "";
         if (r.contains("campo")) {
             return ScriviCampo(s, Testo(r, "campo"), Testo(r, "testo"),
-                               r.contains("tasto") ? Intero(r, "tasto") : 0);
+                               r.contains("tasto") ? Intero(r, "tasto") : 0, pannello);
         }
         if (r.contains("lista")) {
-            return r.contains("voce") ? ScegliVoce(s, Testo(r, "lista"), Testo(r, "voce"))
-                                      : ScegliVoce(s, Testo(r, "lista"), Intero(r, "indice"));
+            return r.contains("voce")
+                       ? ScegliVoce(s, Testo(r, "lista"), Testo(r, "voce"), pannello)
+                       : ScegliVoce(s, Testo(r, "lista"), Intero(r, "indice"), pannello);
         }
         if (r.contains("casella")) {
-            return ImpostaCasella(s, Testo(r, "casella"), Intero(r, "valore"));
+            return ImpostaCasella(s, Testo(r, "casella"), Intero(r, "valore"), pannello);
         }
-        if (r.contains("opzione")) return ScegliOpzione(s, Testo(r, "opzione"));
-        if (r.contains("premi")) return PremiPulsante(s, Testo(r, "premi"));
-        if (r.contains("scorri")) return Scorri(s, Testo(r, "scorri"), Intero(r, "valore"));
+        if (r.contains("opzione")) return ScegliOpzione(s, Testo(r, "opzione"), pannello);
+        if (r.contains("premi")) return PremiPulsante(s, Testo(r, "premi"), pannello);
+        if (r.contains("doppioclic")) return DoppioClic(s, Testo(r, "doppioclic"), pannello);
+        if (r.contains("clic")) return Clic(s, Testo(r, "clic"), pannello);
+        if (r.contains("scorri")) {
+            return Scorri(s, Testo(r, "scorri"), Intero(r, "valore"), pannello);
+        }
+        if (r.contains("mouse")) {
+            const std::string evento = Testo(r, "evento");
+            if (evento != "premi" && evento != "muovi") return "evento sconosciuto: " + evento;
+            return Mouse(s, Testo(r, "mouse"),
+                         evento == "premi" ? EventoMouse::premi : EventoMouse::muovi,
+                         Numero(r, "x"), Numero(r, "y"), pannello);
+        }
+        if (r.contains("timer")) return Timer(s, Testo(r, "timer"), pannello);
         if (r.contains("formatta")) {
             valore = TestoFormattato(r, s.piattaforma);
             return {};

@@ -1,5 +1,5 @@
 #include "base/file_testo.h"
-#include "session/sessione.h"
+#include "session/gestori.h"
 
 namespace tk07 {
 
@@ -60,7 +60,7 @@ bool Avvia(Sessione& s, const Avvio& avvio) {
         "Sollecitazioni agenti [" + s.unita.UnitaForze + "," + s.unita.UnitaLunghezze + "]";
 
     CostruisciNodo(s);
-    s.InsDati.aperto = true;
+    ApriPannello(s, kGestoreInsDati);
     AggiornaTutto(s);
     return true;
 }

@@ -1,192 +1,120 @@
-// The table of commands: from a control's name to its operation.
+// Requests to the panels: finds the panel and the control, checks that it can be used, and calls
+// the panel's operation inside the boundary that catches fatal faults.
 
-#include <cmath>
-#include <iterator>
+#include <algorithm>
+#include <array>
 
-#include "base/file_testo.h"
-#include "base/testo.h"
-#include "joint/controlla_dati.h"
-#include "session/pannello_insdati.h"
+#include "session/gestori.h"
 #include "session/sessione.h"
-#include "textnum/formatta.h"
 
 namespace tk07 {
 
 namespace {
 
-void Apri(Sessione& s) {
-    RichiestaFile r;
-    r.modo = ModoFile::apri;
-    r.estensione = "tk7";
-    r.filtro = kFiltroNodo;
-    r.direttorio = s.dir.dirLavoro;
-    const auto scelto = s.piattaforma.scegliFile(r);
-    if (scelto && !scelto->percorso.empty()) ApriNodo(s, scelto->percorso);
+const std::array<const GestorePannello*, 7>& Gestori() {
+    static const std::array<const GestorePannello*, 7> g = {
+        &kGestoreInsDati,    &kGestoreFormBulloni, &kGestorePropMateriali, &kGestoreFormOpz_Cond,
+        &kGestoreFormColori, &kGestoreSoll3D,      &kGestoreSelezione};
+    return g;
 }
 
-bool DatiErrati(Sessione& s) {
-    if (!ControllaDati(s.nodo, s.opz, s.piattaforma)) return false;
-    MostraAvviso(s.piattaforma, "Il salvataggio non è possibile!");
-    return true;
+const GestorePannello* GestoreDi(const std::string& nome) {
+    for (const GestorePannello* g : Gestori()) {
+        if (nome == g->nome) return g;
+    }
+    return nullptr;
 }
 
-void Salva(Sessione& s) {
-    if (DatiErrati(s)) return;
-    ScriviFileNodo(s.nodo, s.dir.dirLavoro + "\\" + s.nomeFile + ".tk7", s.piattaforma);
-}
+constexpr const char* kNonPrevista = "operazione non prevista dal pannello";
 
-void SalvaConNome(Sessione& s) {
-    if (DatiErrati(s)) return;
-    RichiestaFile r;
-    r.modo = ModoFile::salva;
-    r.estensione = "tk17";  // Kept on purpose: the default extension of this dialog.
-    r.filtro = kFiltroNodo;
-    r.direttorio = s.dir.dirLavoro;
-    r.chiediSovrascrittura = true;
-    const auto scelto = s.piattaforma.scegliFile(r);
-    if (!scelto || scelto->percorso.empty()) return;
-    if (!ScriviFileNodo(s.nodo, scelto->percorso, s.piattaforma)) return;
-    s.nomeFile = NomeBase(scelto->percorso);
-    s.InsDati.titolo = ComponiTitolo(s.dir.dirLavoro, s.nomeFile + ".tk7");
-}
-
-void AggiornaDisBull(Sessione& s) { RicalcolaNervatura3(s.nodo); }
-
-void ApriGuida(Sessione& s) {
-    const std::string guida = s.dir.dirRoot + "\\help\\HelpTK07.pdf";
-    s.piattaforma.avvia("EXPLORER.EXE", {PercorsoPiattaforma(guida)}, true);
-}
-
-void Chiudi(Sessione& s) {
-    s.piattaforma.puntatore(11);
-    s.fine = true;
-}
-
-struct Comando {
-    const char* controllo;
-    void (*operazione)(Sessione&);
+struct Bersaglio {
+    const GestorePannello* gestore = nullptr;
+    Controllo* controllo = nullptr;
+    std::string errore;
 };
 
-constexpr Comando kComandi[] = {
-    {"Car_Nodo", Apri},
-    {"Bt_salva", Salva},
-    {"Bt_salva_con_nome", SalvaConNome},
-    {"VerificaButt", VerificaSessione},
-    {"CheckMatBase", ApplicaMaterialeBase},
-    {"AggiornaDisBull", AggiornaDisBull},
-    {"LegendaButt", ApriGuida},
-    {"Chiudi", Chiudi},
-};
+// The control meant by a request, on the named panel or on the topmost open one that has it.
+Bersaglio Trova(Sessione& s, const std::string& nome, const std::string& pannello) {
+    Bersaglio b;
+    for (auto it = s.pila.rbegin(); it != s.pila.rend() && b.controllo == nullptr; ++it) {
+        if (!pannello.empty() && pannello != *it) continue;
+        const GestorePannello* g = GestoreDi(*it);
+        Pannello& p = s.*g->pannello;
+        if (p.Ha(nome)) {
+            b.gestore = g;
+            b.controllo = &p[nome];
+        }
+    }
+    if (b.controllo == nullptr) {
+        const bool chiuso =
+            !pannello.empty() && std::find(s.pila.begin(), s.pila.end(), pannello) == s.pila.end();
+        b.errore = chiuso ? "pannello non aperto: " + pannello : "controllo sconosciuto: " + nome;
+    }
+    return b;
+}
 
-// Why the control cannot be used, or the empty text.
-std::string NonUsabile(const Sessione& s, const std::string& nome, TipoControllo tipo) {
-    if (!s.InsDati.aperto || !s.InsDati.Ha(nome)) return "controllo sconosciuto: " + nome;
-    const Controllo& c = s.InsDati[nome];
-    if (c.tipo != tipo) return "il controllo " + nome + " non è di questo tipo";
-    if (!c.visibile) return "controllo non visibile: " + nome;
-    if (!c.abilitato) return "controllo non abilitato: " + nome;
+// The same for a control of a kind, which must be visible and enabled.
+Bersaglio TrovaUsabile(Sessione& s, const std::string& nome, const std::string& pannello,
+                       TipoControllo tipo) {
+    Bersaglio b = Trova(s, nome, pannello);
+    if (b.controllo == nullptr) return b;
+    if (b.controllo->tipo != tipo) {
+        b.errore = "il controllo " + nome + " non è di questo tipo";
+    } else if (!b.controllo->visibile) {
+        b.errore = "controllo non visibile: " + nome;
+    } else if (!b.controllo->abilitato) {
+        b.errore = "controllo non abilitato: " + nome;
+    }
+    return b;
+}
+
+// Runs the panel's operation `f` with its arguments, if it has one.
+template <class Funzione, class... Argomenti>
+std::string Esegui(Sessione& s, const Bersaglio& b, Funzione f, Argomenti... argomenti) {
+    if (!b.errore.empty()) return b.errore;
+    if (f == nullptr) return kNonPrevista;
+    EseguiComando(s, [&] { f(s, argomenti...); });
     return {};
-}
-
-// Index in the load table of the row that a control belongs to.
-int SestettoDellaRiga(const Sessione& s, int riga) {
-    return static_cast<int>(ValoreIniziale(s.InsDati[ConIndice("Lb_sol_num", riga)].testo)) - 1;
-}
-
-double FattoreAzione(const Sessione& s, const AzioneSestetto& a) {
-    return a.momento ? s.unita.FattoreMomenti : s.unita.FattoreForze;
-}
-
-void ValutaAzione(Sessione& s, const AzioneSestetto& a, int riga, double valore) {
-    double& memorizzato = (s.nodo.*a.tabella)(SestettoDellaRiga(s, riga));
-    // Kept on purpose: the value as shown is compared with the stored one, unconverted.
-    if (!(std::fabs(memorizzato - valore) > 0.0001)) return;
-    const double fattore = FattoreAzione(s, a);
-    if (fattore == 0.0) {
-        MostraAvviso(s.piattaforma,
-                     "Unità di misura sconosciuta in parametrilavoro: il valore non può essere "
-                     "convertito.");
-        return;
-    }
-    memorizzato = valore / fattore;
-}
-
-// TbValuta: takes the field's text into the joint.
-void Valuta(Sessione& s, const NomeControllo& nome, const std::string& testo) {
-    const double valore = ValoreIniziale(testo);
-    const AzioneSestetto azione = CampoAzione(nome.base);
-    if (double* x = CampoGeometria(s.nodo, nome.base, nome.indice); x != nullptr) {
-        *x = valore;
-    } else if (azione.tabella != nullptr) {
-        ValutaAzione(s, azione, nome.indice, valore);
-    } else if (nome.base == "Tb_sol_descr") {
-        std::string& descrizione = s.nodo.NomeSa(SestettoDellaRiga(s, nome.indice));
-        if (Taglia(testo) != Taglia(descrizione)) descrizione = testo;
-    }
-    s.RisultatiValidi = false;
-    pnn1_aggiorna_NervaturePiastre(s);
-    pnn1_aggiorna_BulloniSaldature(s);
-    pnn1_aggiorna_sollecitazioni(s, -1);
-}
-
-// TbRipristina: the stored value back into the field.
-void Ripristina(Sessione& s, const std::string& controllo, const NomeControllo& nome) {
-    const AzioneSestetto azione = CampoAzione(nome.base);
-    std::string& testo = s.InsDati[controllo].testo;
-    if (const double* x = CampoGeometria(s.nodo, nome.base, nome.indice); x != nullptr) {
-        testo = TestoNumero(*x);
-    } else if (azione.tabella != nullptr) {
-        testo = TestoNumero((s.nodo.*azione.tabella)(SestettoDellaRiga(s, nome.indice)) *
-                            FattoreAzione(s, azione));
-    } else if (nome.base == "Tb_sol_descr") {
-        testo = s.nodo.NomeSa(SestettoDellaRiga(s, nome.indice));
-    }
-}
-
-void VoceScelta(Sessione& s, const std::string& nome, int indice) {
-    Nodo& n = s.nodo;
-    s.RisultatiValidi = false;
-    if (nome == "TraveP" || nome == "TraveS") {
-        (nome == "TraveP" ? n.TraPri : n.TraSec) = s.profili.Profili(indice + 1);
-        pnn1_aggiorna_profili(s, 1, 1);
-    } else if (nome == "Cb_Acciaio") {
-        // Kept on purpose: the position in the filtered list is taken as the row of the table.
-        n.acciaio = s.mat.AcciaiAperte(indice + 1);
-        pnn1_aggiorna_materiali(s);
-    } else if (nome == "Cviti") {
-        n.vite = s.mat.Viti(indice + 1);
-        pnn1_aggiorna_materiali(s);
-    } else if (nome == "ComboEsposizione") {
-        n.Esposizione = static_cast<short>(indice);
-        pnn1_aggiorna_materiali(s);
-    }
 }
 
 }  // namespace
 
-std::string PremiPulsante(Sessione& s, const std::string& nome) {
-    if (std::string e = NonUsabile(s, nome, TipoControllo::pulsante); !e.empty()) return e;
-    for (const Comando& c : kComandi) {
-        if (nome == c.controllo) {
-            EseguiComando(s, [&] { c.operazione(s); });
-            return {};
-        }
-    }
-    return "comando sconosciuto: " + nome;
+void ApriPannello(Sessione& s, const GestorePannello& g) {
+    if (std::find(s.pila.begin(), s.pila.end(), g.nome) != s.pila.end()) return;
+    if (g.costruisci != nullptr) g.costruisci(s);
+    (s.*g.pannello).aperto = true;
+    s.pila.emplace_back(g.nome);
+    s.piattaforma.apriPannello(g.nome);
 }
 
-std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string& testo, int tasto) {
-    const NomeControllo n = DividiNome(nome);
-    if (n.base == "GeoPias" && n.indice == 1) return {};  // no binding: nothing happens
-    if (std::string e = NonUsabile(s, nome, TipoControllo::campo); !e.empty()) return e;
+void ChiudiPannello(Sessione& s, const GestorePannello& g) {
+    const auto it = std::find(s.pila.begin(), s.pila.end(), g.nome);
+    if (it == s.pila.end()) return;
+    s.pila.erase(it);
+    (s.*g.pannello).aperto = false;
+    s.piattaforma.chiudiPannello(g.nome);
+}
+
+std::vector<const Pannello*> PannelliAperti(const Sessione& s) {
+    std::vector<const Pannello*> aperti;
+    for (const std::string& nome : s.pila) aperti.push_back(&(s.*GestoreDi(nome)->pannello));
+    return aperti;
+}
+
+std::string PremiPulsante(Sessione& s, const std::string& nome, const std::string& pannello) {
+    const Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::pulsante);
+    return Esegui(s, b, b.gestore ? b.gestore->premi : nullptr, DividiNome(nome));
+}
+
+std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string& testo, int tasto,
+                        const std::string& pannello) {
+    if (nome == "GeoPias(1)") return {};  // no binding: nothing happens
+    const Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::campo);
+    if (!b.errore.empty()) return b.errore;
+    if (b.gestore->campo == nullptr) return kNonPrevista;
     EseguiComando(s, [&] {
-        s.InsDati[nome].testo = testo;
         try {
-            if (tasto == 27) {
-                Ripristina(s, nome, n);
-            } else if (tasto == 13 || tasto == 0) {
-                Valuta(s, n, testo);
-            }
+            b.gestore->campo(s, DividiNome(nome), testo, tasto);
         } catch (const ErroreFatale& e) {
             throw ErroreFatale(e.what(), e.Dove().empty() ? "campo " + nome : e.Dove());
         }
@@ -194,53 +122,68 @@ std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string&
     return {};
 }
 
-std::string ScegliVoce(Sessione& s, const std::string& nome, int indice) {
-    if (std::string e = NonUsabile(s, nome, TipoControllo::lista); !e.empty()) return e;
-    if (indice < 0 || indice >= static_cast<int>(s.InsDati[nome].voci.size())) {
-        return "indice fuori dalla lista " + nome + ": " + std::to_string(indice);
+std::string ScegliVoce(Sessione& s, const std::string& nome, int indice,
+                       const std::string& pannello) {
+    Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::lista);
+    if (b.errore.empty() && (indice < 0 || indice >= static_cast<int>(b.controllo->voci.size()))) {
+        b.errore = "indice fuori dalla lista " + nome + ": " + std::to_string(indice);
     }
-    EseguiComando(s, [&] { VoceScelta(s, nome, indice); });
-    return {};
+    return Esegui(s, b, b.gestore ? b.gestore->voce : nullptr, DividiNome(nome), indice);
 }
 
-std::string ScegliVoce(Sessione& s, const std::string& nome, const std::string& voce) {
-    if (std::string e = NonUsabile(s, nome, TipoControllo::lista); !e.empty()) return e;
-    const int indice = PosizioneVoce(s.InsDati[nome], voce);
+std::string ScegliVoce(Sessione& s, const std::string& nome, const std::string& voce,
+                       const std::string& pannello) {
+    const Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::lista);
+    if (!b.errore.empty()) return b.errore;
+    const int indice = PosizioneVoce(*b.controllo, voce);
     if (indice < 0) return "voce assente dalla lista " + nome + ": " + voce;
-    return ScegliVoce(s, nome, indice);
+    return ScegliVoce(s, nome, indice, pannello);
 }
 
-std::string ImpostaCasella(Sessione& s, const std::string& nome, int valore) {
-    if (std::string e = NonUsabile(s, nome, TipoControllo::casella); !e.empty()) return e;
-    const NomeControllo n = DividiNome(nome);
-    EseguiComando(s, [&] {
-        s.InsDati[nome].valore = valore != 0 ? 1 : 0;
-        s.RisultatiValidi = false;
-        if (n.base == "CasCar") {
-            s.nodo.CasoCarico(SestettoDellaRiga(s, n.indice)) =
-                static_cast<short>(valore != 0 ? 1 : 0);
-        } else {
-            s.nodo.AttNerv(nome == "CheckNervatura1" ? 1 : 2) = valore == 1;
-            pnn1_aggiorna_NervaturePiastre(s);
-        }
-    });
-    return {};
+std::string ImpostaCasella(Sessione& s, const std::string& nome, int valore,
+                           const std::string& pannello) {
+    const Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::casella);
+    return Esegui(s, b, b.gestore ? b.gestore->casella : nullptr, DividiNome(nome), valore);
 }
 
-std::string ScegliOpzione(Sessione& s, const std::string& nome) {
-    if (std::string e = NonUsabile(s, nome, TipoControllo::opzione); !e.empty()) return e;
-    EseguiComando(s, [&] { ScegliMetodo(s, nome == "TipoVer(0)" ? Metodo::TA : Metodo::SLU); });
-    return {};
+std::string ScegliOpzione(Sessione& s, const std::string& nome, const std::string& pannello) {
+    const Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::opzione);
+    return Esegui(s, b, b.gestore ? b.gestore->opzione : nullptr, DividiNome(nome));
 }
 
-std::string Scorri(Sessione& s, const std::string& nome, int valore) {
-    if (std::string e = NonUsabile(s, nome, TipoControllo::scorrimento); !e.empty()) return e;
-    const Controllo& barra = s.InsDati[nome];
-    if (valore < barra.minimo || valore > barra.massimo) {
-        return "valore fuori dai limiti di " + nome + ": " + std::to_string(valore);
+std::string Scorri(Sessione& s, const std::string& nome, int valore, const std::string& pannello) {
+    Bersaglio b = TrovaUsabile(s, nome, pannello, TipoControllo::scorrimento);
+    if (b.errore.empty() && (valore < b.controllo->minimo || valore > b.controllo->massimo)) {
+        b.errore = "valore fuori dai limiti di " + nome + ": " + std::to_string(valore);
     }
-    EseguiComando(s, [&] { pnn1_aggiorna_sollecitazioni(s, valore); });
-    return {};
+    return Esegui(s, b, b.gestore ? b.gestore->scorri : nullptr, DividiNome(nome), valore);
+}
+
+std::string DoppioClic(Sessione& s, const std::string& nome, const std::string& pannello) {
+    Bersaglio b = Trova(s, nome, pannello);
+    if (b.controllo != nullptr && !b.controllo->visibile) {
+        b.errore = "controllo non visibile: " + nome;
+    }
+    return Esegui(s, b, b.gestore ? b.gestore->doppioclic : nullptr, DividiNome(nome));
+}
+
+std::string Clic(Sessione& s, const std::string& nome, const std::string& pannello) {
+    Bersaglio b = Trova(s, nome, pannello);
+    if (b.controllo != nullptr && !b.controllo->visibile) {
+        b.errore = "controllo non visibile: " + nome;
+    }
+    return Esegui(s, b, b.gestore ? b.gestore->clic : nullptr, DividiNome(nome));
+}
+
+std::string Mouse(Sessione& s, const std::string& nome, EventoMouse evento, double x, double y,
+                  const std::string& pannello) {
+    const Bersaglio b = Trova(s, nome, pannello);
+    return Esegui(s, b, b.gestore ? b.gestore->mouse : nullptr, DividiNome(nome), evento, x, y);
+}
+
+std::string Timer(Sessione& s, const std::string& nome, const std::string& pannello) {
+    const Bersaglio b = Trova(s, nome, pannello);
+    return Esegui(s, b, b.gestore ? b.gestore->timer : nullptr, nome);
 }
 
 }  // namespace tk07

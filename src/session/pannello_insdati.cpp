@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/testo.h"
+#include "session/gestori.h"
 #include "session/sessione.h"
 #include "textnum/formatta.h"
 
@@ -125,38 +126,6 @@ constexpr std::array<const char*, 2> kSuggerimentiSald = {
     "Lato S1: saldature tra trave secondaria, nervature e piastra 2 [mm]",
     "Lato S2: saldature sulla trave principale [mm]"};
 
-Controllo Nuovo(TipoControllo tipo, const char* testo, const char* suggerimento) {
-    Controllo c;
-    c.tipo = tipo;
-    c.testo = testo;
-    c.suggerimento = suggerimento;
-    return c;
-}
-
-std::string TestoCampo(const Sessione& s, double valore, double fattore) {
-    return Formatta(valore, "(DV_02)(NP_1)", fattore, s.piattaforma);
-}
-
-// Keeps handlers idle while a refresh writes to fields.
-class Aggiorna {
-  public:
-    explicit Aggiorna(Sessione& s) : s_(s), prima_(s.Aggiornamento) { s_.Aggiornamento = 1; }
-    ~Aggiorna() { s_.Aggiornamento = prima_; }
-    Aggiorna(const Aggiorna&) = delete;
-    Aggiorna& operator=(const Aggiorna&) = delete;
-
-  private:
-    Sessione& s_;
-    short prima_;
-};
-
-void Seleziona(Controllo& lista, int indice) {
-    lista.indice = indice;
-    lista.testo = indice >= 0 && indice < static_cast<int>(lista.voci.size())
-                      ? lista.voci[static_cast<std::size_t>(indice)]
-                      : "";
-}
-
 // The list shows the joint's steel, and the joint holds the steel that the list shows.
 void AllineaAcciaio(Sessione& s) {
     Nodo& n = s.nodo;
@@ -166,7 +135,7 @@ void AllineaAcciaio(Sessione& s) {
                              s.mat.AcciaiAperte, s.piattaforma);
     lista.voci = l.voci;
     const int indice = l.indice < 0 && !l.voci.empty() ? 0 : l.indice;
-    Seleziona(lista, indice);
+    SelezionaVoce(lista, indice);
     if (indice >= 0 && lista.testo != n.acciaio.Nome) {
         n.acciaio = s.mat.AcciaiAperte(IndiceAcciaio(s.mat, lista.testo));
     }
@@ -240,28 +209,28 @@ void CostruisciInsDati(Sessione& s) {
     Pannello& p = s.InsDati;
     p = Pannello{};
     for (const Descrizione& d : kControlli) {
-        p.controlli[d.nome] = Nuovo(d.tipo, d.testo, d.suggerimento);
+        p.controlli[d.nome] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
     }
     for (const DescrizioneVettore& v : kVettori) {
         for (int i = 0; i < v.quanti; ++i) {
-            p.controlli[ConIndice(v.base, i)] = Nuovo(v.tipo, "", v.suggerimento);
+            p.controlli[ConIndice(v.base, i)] = NuovoControllo(v.tipo, "", v.suggerimento);
         }
     }
     for (std::size_t i = 0; i < kSuggerimentiGeo.size(); ++i) {
         if (i != 1) {
             p.controlli[ConIndice("GeoPias", static_cast<int>(i))] =
-                Nuovo(campo, "", kSuggerimentiGeo[i]);
+                NuovoControllo(campo, "", kSuggerimentiGeo[i]);
         }
     }
     for (std::size_t i = 0; i < kSuggerimentiQuote.size(); ++i) {
         p.controlli[ConIndice("TextQuota", static_cast<int>(i))] =
-            Nuovo(campo, "", kSuggerimentiQuote[i]);
+            NuovoControllo(campo, "", kSuggerimentiQuote[i]);
     }
     for (std::size_t i = 0; i < kSuggerimentiSald.size(); ++i) {
         p.controlli[ConIndice("TextSald", static_cast<int>(i))] =
-            Nuovo(campo, "", kSuggerimentiSald[i]);
+            NuovoControllo(campo, "", kSuggerimentiSald[i]);
     }
-    Controllo beta = Nuovo(etichetta, "", "");
+    Controllo beta = NuovoControllo(etichetta, "", "");
     beta.visibile = false;
     p.controlli["betatest_c"] = beta;
     p["Timer2"].abilitato = false;
@@ -283,7 +252,7 @@ void pnn2_ScriviDatiProfilo(Sessione& s, int indiceProfilo, const std::string& e
 }
 
 void pnn1_aggiorna_profili(Sessione& s, short forzaP, short forzaS) {
-    const Aggiorna guardia(s);
+    const GuardiaAggiornamento guardia(s);
     const auto aggiorna = [&](const char* nome, const ProfiloRec& rec, const char* etichette,
                               bool forza) {
         Controllo& lista = s.InsDati[nome];
@@ -294,7 +263,7 @@ void pnn1_aggiorna_profili(Sessione& s, short forzaP, short forzaS) {
             }
         }
         if (lista.testo != rec.Nome || lista.indice < 0) {
-            Seleziona(lista, IndiceProfilo(s.profili, rec.Nome) - 1);
+            SelezionaVoce(lista, IndiceProfilo(s.profili, rec.Nome) - 1);
             forza = true;
         }
         if (forza) pnn2_ScriviDatiProfilo(s, lista.indice + 1, etichette);
@@ -304,7 +273,7 @@ void pnn1_aggiorna_profili(Sessione& s, short forzaP, short forzaS) {
 }
 
 void pnn1_aggiorna_NervaturePiastre(Sessione& s) {
-    const Aggiorna guardia(s);
+    const GuardiaAggiornamento guardia(s);
     const Nodo& n = s.nodo;
     for (int k = 1; k <= 2; ++k) {
         s.InsDati["CheckNervatura" + std::to_string(k)].valore = n.AttNerv(k) ? 1 : 0;
@@ -322,7 +291,7 @@ void pnn1_aggiorna_NervaturePiastre(Sessione& s) {
 }
 
 void pnn1_aggiorna_BulloniSaldature(Sessione& s) {
-    const Aggiorna guardia(s);
+    const GuardiaAggiornamento guardia(s);
     for (int i = 0; i < 2; ++i) {
         s.InsDati[ConIndice("TextSald", i)].testo =
             TestoCampo(s, *CampoGeometria(s.nodo, "TextSald", i), 1.0);
@@ -330,22 +299,23 @@ void pnn1_aggiorna_BulloniSaldature(Sessione& s) {
 }
 
 void pnn1_aggiorna_materiali(Sessione& s) {
-    const Aggiorna guardia(s);
+    const GuardiaAggiornamento guardia(s);
     AllineaAcciaio(s);
     const int norma = CercaAcciaioDaNome(s.mat, s.nodo.acciaio.Nome, s.piattaforma);
     s.InsDati["LabNorma"].testo = s.mat.AcciaiAperte(norma).Designazione;
     Controllo& viti = s.InsDati["Cviti"];
     if (viti.indice < 0 || viti.testo != s.nodo.vite.Nome) {
-        Seleziona(viti, PosizioneVoce(viti, s.nodo.vite.Nome));
+        SelezionaVoce(viti, PosizioneVoce(viti, s.nodo.vite.Nome));
     }
-    Seleziona(s.InsDati["ComboEsposizione"], s.nodo.Esposizione);
+    SelezionaVoce(s.InsDati["ComboEsposizione"], s.nodo.Esposizione);
     for (int i = 0; i < 2; ++i) {
         s.InsDati[ConIndice("TipoVer", i)].valore = s.nodo.TipoVer == i ? 1 : 0;
     }
+    SettaMateriali(s);
 }
 
 void pnn1_aggiorna_sollecitazioni(Sessione& s, int p) {
-    const Aggiorna guardia(s);
+    const GuardiaAggiornamento guardia(s);
     const Nodo& n = s.nodo;
     Pannello& pan = s.InsDati;
     if (p < 0 && n.nSollAg > 0) {

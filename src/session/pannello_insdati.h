@@ -18,4 +18,9 @@ struct AzioneSestetto {
 };
 AzioneSestetto CampoAzione(const std::string& base);
 
+struct Sessione;
+struct NomeControllo;
+// The unit converter on a load field: waits for it and puts its answer into the field.
+void ChiamaConversione(Sessione& s, const NomeControllo& campo);
+
 }  // namespace tk07

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/piattaforma.h"
+#include "bolting/bulloni_temp.h"
 #include "drawing/font.h"
 #include "drawing/stili_grb.h"
 #include "joint/file_nodo.h"
@@ -20,6 +21,8 @@
 #include "verification/verifica_nodo.h"
 
 namespace tk07 {
+
+enum class EventoMouse { premi, muovi };
 
 inline constexpr int kUscitaFatale = 70;
 inline constexpr int kUscitaAvvio = 2;  // a start-up that fails
@@ -42,9 +45,13 @@ struct Sessione {
     RisultatoVerifica ultimaVerifica;
     NoteLettura ultimaLettura;
 
-    Pannello InsDati;         // the main panel
-    short Aggiornamento = 0;  // 1 while a refresh writes to fields: change handlers stay idle
-    short Vista3dAperta = 0;  // 1 while the 3D view is to be kept in step
+    Pannello InsDati;  // the main panel
+    Pannello FormBulloni, PropMateriali, FormOpz_Cond, FormColori, Soll3D, selezione;
+    std::vector<std::string> pila;  // names of the open panels, the topmost last
+    BulloniTemp bulloni;            // working copy of the bolt panel
+    std::string coloreInMano;       // colour label that the colour panel was opened for
+    short Aggiornamento = 0;        // 1 while a refresh writes to fields: change handlers stay idle
+    short Vista3dAperta = 0;        // 1 while the 3D view is to be kept in step
     std::array<MaterialeRec, 2> AcciaioMemoria;  // steel last used with each method
     std::string titoloRicercaNodi;               // title of the node search tool
 
@@ -87,15 +94,30 @@ void pnn1_aggiorna_sollecitazioni(Sessione& s, int primaRiga);
 void pnn2_ScriviDatiProfilo(Sessione& s, int indiceProfilo, const std::string& etichette);
 void AggiornaTutto(Sessione& s);
 
-// Operations of the panel, by control name. Each returns the empty text, or why the request cannot
-// be carried out (unknown, hidden or disabled control, entry that is not in the list); a fatal
-// fault is dealt with inside.
-std::string PremiPulsante(Sessione& s, const std::string& nome);
-std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string& testo, int tasto);
-std::string ScegliVoce(Sessione& s, const std::string& nome, int indice);
-std::string ScegliVoce(Sessione& s, const std::string& nome, const std::string& voce);
-std::string ImpostaCasella(Sessione& s, const std::string& nome, int valore);
-std::string ScegliOpzione(Sessione& s, const std::string& nome);
-std::string Scorri(Sessione& s, const std::string& nome, int valore);
+// Operations of the panels, by control name. A name that stands on more than one panel belongs to
+// the topmost open panel, unless `pannello` says which. Each returns the empty text, or why the
+// request cannot be carried out (unknown, hidden or disabled control, entry that is not in the
+// list); a fatal fault is dealt with inside.
+std::string PremiPulsante(Sessione& s, const std::string& nome, const std::string& pannello = {});
+// `tasto` 13 or 27 is pressed and the field keeps the focus; 0 leaves the field.
+std::string ScriviCampo(Sessione& s, const std::string& nome, const std::string& testo, int tasto,
+                        const std::string& pannello = {});
+std::string ScegliVoce(Sessione& s, const std::string& nome, int indice,
+                       const std::string& pannello = {});
+std::string ScegliVoce(Sessione& s, const std::string& nome, const std::string& voce,
+                       const std::string& pannello = {});
+std::string ImpostaCasella(Sessione& s, const std::string& nome, int valore,
+                           const std::string& pannello = {});
+std::string ScegliOpzione(Sessione& s, const std::string& nome, const std::string& pannello = {});
+std::string Scorri(Sessione& s, const std::string& nome, int valore,
+                   const std::string& pannello = {});
+std::string DoppioClic(Sessione& s, const std::string& nome, const std::string& pannello = {});
+std::string Clic(Sessione& s, const std::string& nome, const std::string& pannello = {});
+std::string Mouse(Sessione& s, const std::string& nome, EventoMouse evento, double x, double y,
+                  const std::string& pannello = {});
+std::string Timer(Sessione& s, const std::string& nome, const std::string& pannello = {});
+
+// The open panels from the bottom to the top, with their state.
+std::vector<const Pannello*> PannelliAperti(const Sessione& s);
 
 }  // namespace tk07

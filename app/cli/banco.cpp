@@ -1,0 +1,56 @@
+#include "cli/banco.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tk07 {
+
+void Stampa(const std::string& testo) { std::fwrite(testo.data(), 1, testo.size(), stdout); }
+
+Banco::Banco(const Avvio& avvio) {
+    porta.prefisso = "tk07";
+    s->piattaforma = porta.Fai();
+    EseguiComando(*s, [&] {
+        if (!Avvia(*s, avvio)) codice = kUscitaAvvio;
+    });
+    if (s->fine) codice = s->codiceUscita;
+}
+
+namespace {
+
+// What the reader had to leave out is told: a verdict on half a file must not pass in silence.
+bool LetturaIntera(const Sessione& s, PortaCli& porta) {
+    const NoteLettura& note = s.ultimaLettura;
+    if (note.RigaInterrotta > 0) {
+        s.piattaforma.messaggio("riga " + std::to_string(note.RigaInterrotta) +
+                                    ": lettura interrotta (" + note.Causa + ")",
+                                kTitoloProgramma, Segno::critico, Pulsanti::OK);
+        return false;
+    }
+    constexpr std::size_t kElenco = 8;
+    std::string mancanti;
+    for (std::size_t i = 0; i < std::min(note.ChiaviMancanti.size(), kElenco); ++i) {
+        mancanti += (i == 0 ? " " : ", ") + note.ChiaviMancanti[i];
+    }
+    if (mancanti.empty()) return true;
+    if (note.ChiaviMancanti.size() > kElenco) {
+        mancanti += " e altre " + std::to_string(note.ChiaviMancanti.size() - kElenco);
+    }
+    Errore(porta.prefisso, "attenzione, chiavi mancanti:" + mancanti);
+    return true;
+}
+
+}  // namespace
+
+// Opens the file in the session; an exit code above 0 ends the work on it.
+int ApriFile(Sessione& s, PortaCli& porta, const std::string& file) {
+    porta.prefisso = file;
+    porta.messaggi.clear();
+    bool aperto = false;
+    EseguiComando(s, [&] { aperto = ApriNodo(s, file); });
+    if (s.fine) return s.codiceUscita;
+    if (!aperto || !LetturaIntera(s, porta)) return kUscitaUso;
+    return kUscitaOk;
+}
+
+}  // namespace tk07

@@ -1,0 +1,136 @@
+#include "cli/comandi_nodo.h"
+
+#include <cmath>
+
+#include "base/file_testo.h"
+#include "base/testo.h"
+#include "bolting/proposte.h"
+#include "cli/banco.h"
+#include "joint/controlla_dati.h"
+#include "session/importazione.h"
+#include "session/tabella_carichi.h"
+
+namespace tk07 {
+
+namespace {
+
+// Opens the joint, lets `lavoro` change it (a code above 0 stops), tells what the checks say of it,
+// and writes it. Nothing is written when anything went wrong.
+template <class Lavoro>
+int CambiaNodo(const Avvio& avvio, const std::string& file, const std::string& uscita,
+               Lavoro lavoro) {
+    Banco banco(avvio);
+    if (!banco.Avviato()) return banco.codice;
+    Sessione& s = *banco.s;
+    int codice = ApriFile(s, banco.porta, file);
+    if (codice != kUscitaOk) return codice;
+    EseguiComando(s, [&] { codice = lavoro(s); });
+    if (s.fine) return s.codiceUscita;
+    if (codice != kUscitaOk || uscita.empty()) return codice;
+    EseguiComando(s, [&] {
+        ControllaDati(s.nodo, s.opz, s.piattaforma);
+        if (!ScriviFileNodo(s.nodo, uscita, s.piattaforma)) codice = kUscitaUso;
+    });
+    return s.fine ? s.codiceUscita : codice;
+}
+
+// A load set as text, in the job's units; false when it is not six numbers and a name.
+bool AggiungiDaTesto(Sessione& s, const std::string& testo) {
+    std::string resto = testo;
+    double azioni[6] = {};
+    for (int a = 0; a < 6; ++a) {
+        const std::size_t virgola = resto.find(',');
+        const auto x = ValoreStretto(resto.substr(0, virgola));
+        const bool ultima = a == 5;
+        if (!x || (!ultima && virgola == std::string::npos)) return false;
+        azioni[a] = *x;
+        resto = virgola == std::string::npos ? "" : resto.substr(virgola + 1);
+    }
+    if (!AggiungiSestetto(s.nodo)) {
+        MostraErrore(s.piattaforma, "E' stato raggiunto il numero massimo di sollecitazioni.",
+                     "ERRORE");
+        return false;
+    }
+    const int k = s.nodo.nSollAg - 1;
+    for (int a = 1; a <= 6; ++a) {
+        const double fattore = a <= 3 ? s.unita.FattoreForze : s.unita.FattoreMomenti;
+        const double valore = azioni[a - 1];
+        // As on the panel: what is as good as the stored 0 stays 0, an unknown unit converts
+        // nothing.
+        if (std::fabs(valore) > 0.0001 && fattore != 0.0) {
+            ImpostaSoll(s.nodo, valore / fattore, a, k);
+        }
+    }
+    if (!Taglia(resto).empty()) s.nodo.NomeSa(k) = Taglia(resto);
+    return true;
+}
+
+}  // namespace
+
+int ComandoProponi(const Avvio& avvio, const OpzioniProponi& opz) {
+    if (!opz.piastre && !opz.nervature && opz.bulloni <= 0.0) {
+        Errore("tk07", "indicare almeno una proposta: --piastre, --nervature, --bulloni");
+        return kUscitaUso;
+    }
+    return CambiaNodo(avvio, opz.file, opz.uscita, [&](Sessione& s) {
+        if (opz.piastre) ProponiPias(s.nodo);
+        if (opz.nervature) ProponiNerv(s.nodo);
+        RicalcolaNervatura3(s.nodo);
+        if (opz.bulloni > 0.0) {
+            BulloniTemp t;
+            CopiaDalNodo(s.nodo, t);
+            const int aggiunti = Proponi(s.nodo, s.opz, opz.bulloni, t, s.piattaforma);
+            CopiaNelNodo(t, s.nodo);
+            Stampa(opz.file + ": bulloni proposti " + std::to_string(aggiunti) + ", in tutto " +
+                   std::to_string(s.nodo.nBull) + "\n");
+        }
+        return kUscitaOk;
+    });
+}
+
+int ComandoCarichi(const Avvio& avvio, const OpzioniCarichi& opz) {
+    const bool cambia = !opz.aggiungi.empty() || opz.senzaDoppi || opz.maxMin;
+    if (!cambia && opz.esporta.empty()) {
+        Errore("tk07", "indicare --aggiungi, --senza-doppi, --max-min o --esporta");
+        return kUscitaUso;
+    }
+    if (cambia && opz.uscita.empty()) {
+        Errore("tk07", "manca -o: il file di nodo da scrivere");
+        return kUscitaUso;
+    }
+    return CambiaNodo(avvio, opz.file, opz.uscita, [&](Sessione& s) {
+        for (const std::string& a : opz.aggiungi) {
+            if (!AggiungiDaTesto(s, a)) {
+                Errore(opz.file, "sestetto non aggiunto: \"" + a + "\" (N,Ty,Tz,Mt,My,Mz[,NOME])");
+                return kUscitaUso;
+            }
+        }
+        if (opz.senzaDoppi) EliminaDoppiSoll(s.nodo);
+        if (opz.maxMin) MaxMinSoll(s.nodo);
+        if (!opz.esporta.empty() && !EsportaSollecitazioni(s.nodo, s.unita, opz.esporta,
+                                                           {true, true, true, true, true, true},
+                                                           s.nodo.nSollAg, 0, s.piattaforma)) {
+            return kUscitaUso;
+        }
+        if (cambia) {
+            Stampa(opz.file + ": sestetti di sollecitazione " + std::to_string(s.nodo.nSollAg) +
+                   "\n");
+        }
+        return kUscitaOk;
+    });
+}
+
+int ComandoImporta(const Avvio& avvio, const OpzioniImporta& opz) {
+    return CambiaNodo(avvio, opz.file, opz.uscita, [&](Sessione& s) {
+        const int prima = s.nodo.nSollAg;
+        const TestiImportazione testi{opz.nodi, opz.aste, opz.casi, opz.condizioni, opz.sestetti};
+        if (!ImportaNelNodo(s, testi, opz.maxMin)) return kUscitaUso;
+        if (opz.spiega) Stampa(SpiegaImportazione(opz.maxMin));
+        Stampa(opz.file + ": sestetti importati " +
+               std::to_string(opz.maxMin ? s.nodo.nSollAg : s.nodo.nSollAg - prima) +
+               ", in tutto " + std::to_string(s.nodo.nSollAg) + "\n");
+        return kUscitaOk;
+    });
+}
+
+}  // namespace tk07
