@@ -178,7 +178,13 @@ int main(int argc, char** argv) {
     // Options come before the work of the command: callbacks run when all is parsed.
     app.parse_complete_callback([&] {
         if (!diroot.empty()) avvio.diroot = PercorsoAssoluto(diroot);
-        if (!lavoro.empty()) avvio.lavoro = lavoro;
+        if (!lavoro.empty()) {
+            avvio.lavoro = lavoro;
+#ifndef _WIN32
+            setenv("TK07_LAVORO", lavoro.c_str(),
+                   1);  // companions started from here work on it too
+#endif
+        }
     });
     try {
         std::reverse(argomenti.begin(), argomenti.end());

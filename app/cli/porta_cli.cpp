@@ -2,14 +2,20 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 
 #ifndef _WIN32
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
+
 extern char** environ;
 #endif
 
+#include "base/file_testo.h"
 #include "base/testo.h"
+#include "cli/programma.h"
 
 namespace tk07 {
 
@@ -25,6 +31,25 @@ void Errore(const std::string& prefisso, const std::string& testo) {
     std::fwrite(riga.data(), 1, riga.size(), stderr);
 }
 
+namespace {
+
+// The file to start for a program's name: as it stands in the named directory, with ".exe" or
+// without, then the companion shipped beside this program.
+std::string FileProgramma(const std::string& programma) {
+    const std::string senza = FinisceCon(Minuscolo(programma), ".exe")
+                                  ? programma.substr(0, programma.size() - 4)
+                                  : programma;
+    const std::string compagno = DirettorioProgramma("") + "/" + NomeSenzaDirettorio(senza);
+    for (const std::string& f : {programma, senza, compagno}) {
+        if (f.find_first_of("\\/") != std::string::npos && EsisteFile(f)) {
+            return PercorsoPiattaforma(f);
+        }
+    }
+    return senza;
+}
+
+}  // namespace
+
 bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
                     bool attendi) {
 #ifdef _WIN32
@@ -33,14 +58,22 @@ bool AvviaProgramma(const std::string& programma, const std::vector<std::string>
 #else
     const std::string minuscolo = Minuscolo(programma);
     std::vector<std::string> testi;
-    testi.push_back(minuscolo == "notepad.exe" || minuscolo == "explorer.exe" ? "xdg-open"
-                                                                              : programma);
+    testi.push_back(minuscolo == "notepad.exe" || minuscolo == "explorer.exe"
+                        ? "xdg-open"
+                        : FileProgramma(programma));
     testi.insert(testi.end(), argomenti.begin(), argomenti.end());
     std::vector<char*> argv;
     for (std::string& t : testi) argv.push_back(t.data());
     argv.push_back(nullptr);
+    // The line protocol owns standard input and output: a program started from it gets neither.
+    posix_spawn_file_actions_t azioni;
+    posix_spawn_file_actions_init(&azioni);
+    posix_spawn_file_actions_addopen(&azioni, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&azioni, STDERR_FILENO, STDOUT_FILENO);
     pid_t pid = 0;
-    if (posix_spawnp(&pid, argv[0], nullptr, nullptr, argv.data(), environ) != 0) return false;
+    const int avviato = posix_spawnp(&pid, argv[0], &azioni, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&azioni);
+    if (avviato != 0) return false;
     int stato = 0;
     if (attendi) waitpid(pid, &stato, 0);
     return true;

@@ -12,6 +12,7 @@ struct BulloniTemp {
     Tab1<double, 0, kMaxBulloni> XbullTemp, YbullTemp, FibullTemp;
     Tab1<double, 0, kMaxBulloni> SelBullTemp;  // 1.0 selected for the bulk operations, else 0.0
     short attesaClick = 0;                     // 1 while the next press places the last bolt
+    bool operator==(const BulloniTemp&) const = default;
 };
 
 enum class Asse { X, Y };

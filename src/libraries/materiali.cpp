@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/aritmetica.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 
@@ -63,8 +64,9 @@ template <class Rec, class Leggi>
 void LeggiGruppo(Lettore& l, TabellaMateriali<Rec>& tabella, short& n, Leggi leggi) {
     std::string riga = l.Riga();
     const auto conteggio = ValoreStretto(EstraiCampo(riga));
-    n = conteggio && *conteggio >= 0.0 && *conteggio <= 32767.0 ? static_cast<short>(*conteggio)
-                                                                : static_cast<short>(0);
+    n = conteggio && *conteggio >= 0.0 && *conteggio < 32767.5
+            ? static_cast<short>(Arrotonda(*conteggio, 0))
+            : static_cast<short>(0);
     for (int i = 1; i <= n && !l.Finito(); ++i) {
         Rec oltre;  // rows beyond the table are read and dropped
         leggi(l, i <= kMaxMateriali ? tabella(i) : oltre);

@@ -56,6 +56,8 @@ enum class EsitoImport {
 //   Absent   a member that a file lacks has its block of the file before, the first one at the
 //            start.
 //   Limit    500 sets, tried before each file with all its six-sets; beyond, the table is emptied.
+//   Start    with `massimiMinimi` the slots begin at -1e20 and 1e20 before any file is opened, and
+//            keep these values when no set is read.
 //   Errors   a bad list, the structure file, a result file that is missing, shorter than its counts
 //            or with a count below 1, a value that is no finite number. The table stays as filled
 //            so far.
