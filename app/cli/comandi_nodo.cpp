@@ -121,6 +121,10 @@ int ComandoCarichi(const Avvio& avvio, const OpzioniCarichi& opz) {
 }
 
 int ComandoImporta(const Avvio& avvio, const OpzioniImporta& opz) {
+    if (opz.casi.empty() && opz.condizioni.empty()) {
+        Errore("tk07", "indicare almeno una lista: --casi, --condizioni");
+        return kUscitaUso;
+    }
     return CambiaNodo(avvio, opz.file, opz.uscita, [&](Sessione& s) {
         const int prima = s.nodo.nSollAg;
         const TestiImportazione testi{opz.nodi, opz.aste, opz.casi, opz.condizioni, opz.sestetti};

@@ -198,6 +198,10 @@ bool LeggiBytes(std::string_view percorso, std::string& bytes, std::string& erro
         errore = "è un direttorio";
         return false;
     }
+    if (fs::exists(nome, ec) && !fs::is_regular_file(nome, ec)) {
+        errore = "non è un file";  // a pipe or a device would be waited for
+        return false;
+    }
     std::FILE* f = std::fopen(nome.c_str(), "rb");
     if (f == nullptr) {
         errore = MessaggioSistema(errno);

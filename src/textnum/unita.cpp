@@ -39,6 +39,7 @@ void LeggiParametriLavoro(std::string_view percorso, Unita& u) {
     const FileLetto f = LeggiRighe(percorso);
     const std::string nome = PercorsoMostrato(percorso);
     if (!f.riuscito) throw ErroreFatale("File delle unità di misura: " + f.errore, nome);
+    if (f.righe.empty()) throw ErroreFatale("File delle unità di misura vuoto", nome);
     const auto fallito = [&](std::size_t i, const std::string& cosa) {
         return ErroreFatale(cosa, nome + ", riga " + std::to_string(i + 1));
     };

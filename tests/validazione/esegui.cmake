@@ -8,7 +8,7 @@ execute_process(COMMAND ${PYTHON} ${V}/genera_nodi.py --albero ${ALBERO} --uscit
 if(NOT esito EQUAL 0)
     message(FATAL_ERROR "genera_nodi.py: ${esito}")
 endif()
-execute_process(COMMAND ${PYTHON} ${V}/controprova.py --albero ${ALBERO} RESULT_VARIABLE esito)
+execute_process(COMMAND ${PYTHON} ${V}/controprova.py RESULT_VARIABLE esito)
 if(NOT esito EQUAL 0)
     message(FATAL_ERROR "controprova.py: ${esito}")
 endif()

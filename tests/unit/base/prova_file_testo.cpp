@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "aiuti/prova.h"
+#include "base/file_testo.h"
+
+namespace tk07 {
+namespace {
+
+namespace fs = std::filesystem;
+using prova::Cartella;
+using prova::LeggiTesto;
+using prova::ScriviTesto;
+
+TEST(Codifiche, EveryByteOfWindows1252ComesBack) {
+    std::string tutti, ritorno;
+    for (int b = 1; b < 256; ++b) tutti += static_cast<char>(b);
+    ASSERT_TRUE(AWindows1252(DaBytes(tutti), ritorno));
+    EXPECT_EQ(ritorno, tutti);
+    // 81 8D 8F 90 9D have no character
+    std::string alti;
+    for (int b = 0x80; b < 0xA0; ++b) {
+        if (std::string("\x81\x8D\x8F\x90\x9D").find(static_cast<char>(b)) == std::string::npos) {
+            alti += static_cast<char>(b);
+        }
+    }
+    EXPECT_EQ(DaWindows1252(alti + "\xE8\xB2"), "€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸè²");
+    for (const char* testo : {"Ω", "→", "😀", "\xC2\x80"}) {
+        EXPECT_FALSE(AWindows1252(testo, ritorno)) << testo;
+    }
+}
+
+TEST(Codifiche, ValidUtf8IsKeptAnythingElseIsWindows1252) {
+    EXPECT_EQ(DaBytes("\xEF\xBB\xBFperch\xC3\xA9"), "perché");
+    EXPECT_EQ(DaBytes("perch\xC3\xA9 😀"), "perché 😀");
+    EXPECT_EQ(DaBytes("perch\xE9"), "perché");
+    // one byte that is none makes the whole text Windows-1252: overlong, surrogate, cut, too large
+    for (const char* falso : {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xE2\x82",
+                              "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xBF", "\xC3\xA9 \xE9"}) {
+        EXPECT_FALSE(Utf8Valido(falso));
+        EXPECT_EQ(DaBytes(falso), DaWindows1252(falso));
+    }
+}
+
+TEST(FileTesto, WhatIsWrittenIsReadAgain) {
+    const Cartella c;
+    const std::string file = (c / "nodo.tk7").string();
+    for (const char* testo : {"perché €\nb\n", "Ω perché\nb\n"}) {  // the second needs UTF-8
+        for (const Codifica codifica : {Codifica::windows1252, Codifica::utf8}) {
+            ASSERT_EQ(ScriviFile(file, testo, codifica), "");
+            const FileLetto f = LeggiRighe(file);
+            ASSERT_TRUE(f.riuscito) << f.errore;
+            EXPECT_EQ(f.righe.at(0) + "\n" + f.righe.at(1) + "\n", testo);
+        }
+    }
+    ASSERT_EQ(ScriviFile(file, "perché €", Codifica::windows1252), "");
+    EXPECT_EQ(LeggiTesto(file), "perch\xE9 \x80");
+    ScriviTesto(file, "\xEF\xBB\xBFuno\r\n\r\ndue\ntre");
+    EXPECT_EQ(LeggiRighe(file).righe, (std::vector<std::string>{"uno", "", "due", "tre"}));
+    ScriviTesto(file, "");
+    EXPECT_TRUE(LeggiRighe(file).riuscito);
+    EXPECT_TRUE(LeggiRighe(file).righe.empty());
+    EXPECT_FALSE(LeggiRighe((c / "manca").string()).riuscito);
+    EXPECT_FALSE(LeggiRighe(c.Testo()).riuscito);
+}
+
+TEST(FileTesto, AHugeFileIsRefused) {
+    const Cartella c;
+    const std::string file = (c / "grande").string();
+    ScriviTesto(file, "x");
+    std::string bytes, errore;
+    fs::resize_file(file, kMassimoFile);
+    EXPECT_TRUE(LeggiBytes(file, bytes, errore));
+    EXPECT_EQ(bytes.size(), kMassimoFile);
+    fs::resize_file(file, kMassimoFile + 1);
+    EXPECT_FALSE(LeggiBytes(file, bytes, errore));
+    EXPECT_NE(errore.find("troppo grande"), std::string::npos);
+}
+
+// Names in the directory.
+std::vector<std::string> Voci(const fs::path& dove) {
+    std::vector<std::string> v;
+    for (const auto& e : fs::recursive_directory_iterator(dove)) v.push_back(e.path().filename());
+    std::sort(v.begin(), v.end());
+    return v;
+}
+
+TEST(ScriviFile, AFailedWriteLeavesTheOldFileAndNothingElse) {
+    const Cartella c;
+    const std::string vecchio = (c / "vecchio").string(), chiusa = (c / "chiusa").string();
+    ScriviTesto(vecchio, "prima");
+    fs::create_directories(c / "direttorio");
+    fs::create_directories(chiusa);
+    ScriviTesto(chiusa + "/nodo", "prima");
+    const std::vector<std::string> voci = Voci(c.Testo());
+    const auto fallisce = [&](const std::string& file, const std::string& testo,
+                              bool daUtente = false) {
+        ASSERT_EQ(daUtente ? seteuid(65534) : 0, 0);
+        const std::string errore = ScriviFile(file, testo, Codifica::utf8);
+        ASSERT_EQ(daUtente ? seteuid(0) : 0, 0);
+        EXPECT_NE(errore, "") << file;
+        EXPECT_EQ(Voci(c.Testo()), voci) << file;
+        EXPECT_EQ(LeggiTesto(vecchio), "prima");
+        EXPECT_EQ(LeggiTesto(chiusa + "/nodo"), "prima");
+    };
+    fallisce((c / "manca/nodo").string(), "dopo");
+    fallisce((c / "direttorio").string(), "dopo");
+    fallisce(vecchio + "/nodo", "dopo");
+    fs::permissions(vecchio, fs::perms::owner_read);
+    fallisce(vecchio, "dopo");
+    fs::permissions(vecchio, fs::perms::owner_read | fs::perms::owner_write);
+
+    // the disk is full half-way
+    rlimit limite{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limite), 0);
+    const rlimit stretto{10000, limite.rlim_max};
+    auto* segnale = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &stretto);
+    fallisce(vecchio, std::string(50000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &limite);
+    std::signal(SIGXFSZ, segnale);
+
+    // a directory that may not be written; the superuser steps down for it
+    fs::permissions(c.Testo(), fs::perms::all);
+    fs::permissions(chiusa, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
+                                fs::perms::others_exec);
+    fs::permissions(chiusa + "/nodo", fs::perms::all);
+    fallisce(chiusa + "/nodo", "dopo", geteuid() == 0);
+    fs::permissions(chiusa, fs::perms::owner_all);
+}
+
+TEST(ScriviFile, TheNewFileTakesThePlaceOfTheOldOne) {
+    const Cartella c;
+    const std::string file = (c / "nodo").string();
+    ScriviTesto(file, "prima");
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    fs::create_symlink("nodo", c / "rimando");
+    ASSERT_EQ(ScriviFile((c / "rimando").string(), "dopo", Codifica::utf8), "");
+    EXPECT_EQ(LeggiTesto(file), "dopo");
+    EXPECT_TRUE(fs::is_symlink(c / "rimando"));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+    EXPECT_EQ(Voci(c.Testo()), (std::vector<std::string>{"nodo", "rimando"}));
+}
+
+TEST(Percorsi, AreFoundWhateverTheirCaseAndCreatedAsSpelled) {
+    const Cartella c;
+    const std::string base = c.Testo();
+    fs::create_directories(c / "Lavori/Città");
+    ScriviTesto(c / "Lavori/Città/Nodo.TK7", "");
+    ScriviTesto(c / "Lavori/a.txt", "");
+    ScriviTesto(c / "Lavori/A.TXT", "");
+    EXPECT_EQ(PercorsoPiattaforma(base + "\\LAVORI/città\\NODO.tk7"),
+              base + "/Lavori/Città/Nodo.TK7");
+    EXPECT_EQ(PercorsoPiattaforma(base + "\\lavori\\CITTÀ\\Nuovo.Tk7"),
+              base + "/Lavori/Città/Nuovo.Tk7");
+    EXPECT_EQ(PercorsoPiattaforma(base + "\\lavori\\Altra\\città"), base + "/Lavori/Altra/città");
+    EXPECT_EQ(PercorsoPiattaforma(base + "/lavori/a.txt"), base + "/Lavori/a.txt");
+    EXPECT_EQ(PercorsoPiattaforma(base + "/lavori/A.TXT"), base + "/Lavori/A.TXT");
+    EXPECT_EQ(PercorsoPiattaforma(base + "/lavori/../LAVORI/A.txt"),
+              base + "/Lavori/../Lavori/A.TXT");
+    EXPECT_TRUE(EsisteFile(base + "\\lavori\\città\\nodo.tk7"));
+    EXPECT_FALSE(EsisteFile(base + "\\lavori"));
+    EXPECT_TRUE(EsisteDirettorio(base + "\\LAVORI"));
+    EXPECT_FALSE(EsisteDirettorio(""));
+    EXPECT_EQ(NomeSenzaDirettorio("C:\\Lavori/a.b\\nodo.v2.tk7"), "nodo.v2.tk7");
+    EXPECT_EQ(NomeBase("C:\\Lavori/a.b\\nodo.v2.tk7"), "nodo.v2");
+    EXPECT_EQ(NomeBase("a.b\\nodo"), "nodo");
+    EXPECT_TRUE(EliminaFile(base + "\\lavori\\città\\NODO.TK7"));
+    EXPECT_FALSE(fs::exists(c / "Lavori/Città/Nodo.TK7"));
+}
+
+}  // namespace
+}  // namespace tk07
