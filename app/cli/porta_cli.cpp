@@ -36,9 +36,9 @@ namespace {
 // The file to start for a program's name: as it stands in the named directory, with ".exe" or
 // without, then the companion shipped beside this program.
 std::string FileProgramma(const std::string& programma) {
-    const std::string senza = FinisceCon(Minuscolo(programma), ".exe")
-                                  ? programma.substr(0, programma.size() - 4)
-                                  : programma;
+    std::string senza = FinisceCon(Minuscolo(programma), ".exe")
+                            ? programma.substr(0, programma.size() - 4)
+                            : programma;
     const std::string compagno = DirettorioProgramma("") + "/" + NomeSenzaDirettorio(senza);
     for (const std::string& f : {programma, senza, compagno}) {
         if (f.find_first_of("\\/") != std::string::npos && EsisteFile(f)) {
@@ -63,6 +63,7 @@ bool AvviaProgramma(const std::string& programma, const std::vector<std::string>
                         : FileProgramma(programma));
     testi.insert(testi.end(), argomenti.begin(), argomenti.end());
     std::vector<char*> argv;
+    argv.reserve(testi.size() + 1);
     for (std::string& t : testi) argv.push_back(t.data());
     argv.push_back(nullptr);
     // The line protocol owns standard input and output: a program started from it gets neither.

@@ -28,10 +28,10 @@ int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     std::string riga;
     std::vector<std::string> resto;
-    for (int i = argc - 1; i >= 1; --i) {
+    for (int i = 1; i < argc; ++i) {
         const std::string a = argv[i];
-        riga = a + (riga.empty() ? "" : " ") + riga;
-        if (a.find('|') == std::string::npos) resto.push_back(a);
+        riga.append(a).append(" ");
+        if (a.find('|') == std::string::npos) resto.insert(resto.begin(), a);
     }
 #ifdef TK07_NODI
     CLI::App app{"Sceglie nodi e travi sul modello e scrive TrovaOut.txt", "TrovaNod"};

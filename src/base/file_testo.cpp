@@ -284,7 +284,7 @@ std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifi
         if (errore == 0) fs::rename(provvisorio, nome, ec);
     }
     if (errore == 0 && !ec) return {};
-    const std::string detto = ec ? ec.message() : MessaggioSistema(errore);
+    std::string detto = ec ? ec.message() : MessaggioSistema(errore);
     fs::remove(provvisorio, ec);
     return detto;
 }

@@ -46,14 +46,10 @@ class TabPerSestetto {
     }
     T& operator()(long s, long i) { return v_[Posto(s, i)]; }
     const T& operator()(long s, long i) const { return v_[Posto(s, i)]; }
-    // Row s from its lower bound on, checked once: for inner loops.
-    std::span<T, static_cast<std::size_t>(Hi - Lo + 1)> Riga(long s) {
-        return std::span<T, kColonne>(&v_[Posto(s, Lo)], kColonne);
-    }
     long Righe() const { return righe_; }
 
   private:
-    static constexpr std::size_t kColonne = static_cast<std::size_t>(Hi - Lo + 1);
+    static constexpr auto kColonne = static_cast<std::size_t>(long{Hi} - Lo + 1);
     std::size_t Posto(long s, long i) const {
         if (s < 0 || s >= righe_) IndiceFuori(s, 0, righe_ - 1);
         if (i < Lo || i > Hi) IndiceFuori(i, Lo, Hi);

@@ -77,8 +77,8 @@ struct Estremi {
 };
 
 struct LineaS1 {
-    int linea;  // 1..15
     Estremi e;
+    int linea;      // 1..15
     bool specchio;  // has a mirror
 };
 
@@ -89,10 +89,10 @@ int LineeS1(const Nodo& n, const Risultati& ris, double b, LineaS1* linee) {
     const double a1 = n.spSaldS1;
     int q = 0;
     const auto verticale = [&](int l, double x, double y1, double y2) {
-        linee[q++] = {l, {x, x, y1, y2}, true};
+        linee[q++] = {{x, x, y1, y2}, l, true};
     };
     const auto orizzontale = [&](int l, double x1, double x2, double y, bool specchio) {
-        linee[q++] = {l, {x1, x2, y, y}, specchio};
+        linee[q++] = {{x1, x2, y, y}, l, specchio};
     };
     verticale(1, s.tw / 2.0 + b, s.H / 2.0 - LS(1) / 2.0, s.H / 2.0 + LS(1) / 2.0);
     orizzontale(2, s.B / 2.0 - LS(2), s.B / 2.0, s.H - s.tf, true);

@@ -134,8 +134,8 @@ TEST(Proponi, LargerJointByBothMethods) {
     const std::vector<Griglia> ta{{{-102, -25}, {384.5}},
                                   {{-102, -23.5}, {60.5}},
                                   {{-102, -24}, {133, 133 + 179.2 / 3, 133 + 358.4 / 3, 312.2}}};
-    for (const short tipo : {0, 1}) {
-        for (const short esposizione : {0, 1, 2, 5, -1}) {
+    for (const short tipo : std::initializer_list<short>{0, 1}) {
+        for (const short esposizione : std::initializer_list<short>{0, 1, 2, 5, -1}) {
             n->TipoVer = tipo;
             n->Esposizione = esposizione;
             Porta porta;
@@ -329,7 +329,7 @@ TEST(Proponi, AnyConsistentJointTakesItsProposal) {
         n->HPiastra(1) = n->TraPri.H - tra(0, 100);
         n->HPiastra(2) = n->distAlaSecPiastra + n->TraSec.H + tra(-20, 150);
         n->spSaldS1 = tra(4, 12), n->spSaldS2 = tra(4, 12);
-        n->TipoVer = giro % 2, n->Esposizione = static_cast<short>(giro % 3);
+        n->TipoVer = static_cast<short>(giro % 2), n->Esposizione = static_cast<short>(giro % 3);
         ProponiNerv(*n);
         RicalcolaNervatura3(*n);
         if (ControllaDati(*n, opz, muta)) continue;
