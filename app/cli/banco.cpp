@@ -19,7 +19,7 @@ Banco::Banco(const Avvio& avvio) {
 namespace {
 
 // What the reader had to leave out is told: a verdict on half a file must not pass in silence.
-bool LetturaIntera(const Sessione& s, PortaCli& porta) {
+bool LetturaIntera(const Sessione& s) {
     const NoteLettura& note = s.ultimaLettura;
     if (note.RigaInterrotta > 0) {
         s.piattaforma.messaggio("riga " + std::to_string(note.RigaInterrotta) +
@@ -36,7 +36,8 @@ bool LetturaIntera(const Sessione& s, PortaCli& porta) {
     if (note.ChiaviMancanti.size() > kElenco) {
         mancanti += " e altre " + std::to_string(note.ChiaviMancanti.size() - kElenco);
     }
-    Errore(porta.prefisso, "attenzione, chiavi mancanti:" + mancanti);
+    s.piattaforma.messaggio("attenzione, chiavi mancanti:" + mancanti, kTitoloProgramma,
+                            Segno::esclamazione, Pulsanti::OK);
     return true;
 }
 
@@ -49,7 +50,7 @@ int ApriFile(Sessione& s, PortaCli& porta, const std::string& file) {
     bool aperto = false;
     EseguiComando(s, [&] { aperto = ApriNodo(s, file); });
     if (s.fine) return s.codiceUscita;
-    if (!aperto || !LetturaIntera(s, porta)) return kUscitaUso;
+    if (!aperto || !LetturaIntera(s)) return kUscitaUso;
     return kUscitaOk;
 }
 

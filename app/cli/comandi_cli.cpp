@@ -68,6 +68,7 @@ std::string Verdetto(const Sessione& s) {
 int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
                  const std::string& file) {
     int codice = ApriFile(s, porta, file);
+    const bool aperto = codice == kUscitaOk;
     if (codice == kUscitaOk) {
         EseguiComando(s, [&] {
             if (!opz.metodo.empty()) {
@@ -84,7 +85,9 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
         }
     }
     if (opz.json) {
-        Stampa(SuRiga(JsonVerifica(s, file, porta.messaggi)) + "\n");
+        Json j = JsonVerifica(s, file, porta.messaggi);
+        if (!aperto) j["metodo"] = nullptr;
+        Stampa(SuRiga(j) + "\n");
         return codice;
     }
     if (!s.RisultatiValidi) return codice;

@@ -1,5 +1,6 @@
 #include "cli/comandi_nodo.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/file_testo.h"
@@ -7,6 +8,8 @@
 #include "bolting/proposte.h"
 #include "cli/banco.h"
 #include "joint/controlla_dati.h"
+#include "modelimport/liste.h"
+#include "modelimport/struttura.h"
 #include "session/importazione.h"
 #include "session/tabella_carichi.h"
 
@@ -25,7 +28,7 @@ int CambiaNodo(const Avvio& avvio, const std::string& file, const std::string& u
     int codice = ApriFile(s, banco.porta, file);
     if (codice != kUscitaOk) return codice;
     EseguiComando(s, [&] { codice = lavoro(s); });
-    if (s.fine) return s.codiceUscita;
+    if (s.fine) return s.codiceUscita != kUscitaOk ? s.codiceUscita : kUscitaUso;
     if (codice != kUscitaOk || uscita.empty()) return codice;
     EseguiComando(s, [&] {
         ControllaDati(s.nodo, s.opz, s.piattaforma);
@@ -55,14 +58,33 @@ bool AggiungiDaTesto(Sessione& s, const std::string& testo) {
     for (int a = 1; a <= 6; ++a) {
         const double fattore = a <= 3 ? s.unita.FattoreForze : s.unita.FattoreMomenti;
         const double valore = azioni[a - 1];
-        // As on the panel: what is as good as the stored 0 stays 0, an unknown unit converts
-        // nothing.
-        if (std::fabs(valore) > 0.0001 && fattore != 0.0) {
-            ImpostaSoll(s.nodo, valore / fattore, a, k);
+        // As on the panel: what is as good as the stored 0 stays 0.
+        if (!(std::fabs(valore) > 0.0001)) continue;
+        if (fattore == 0.0) {
+            MostraErrore(s.piattaforma, "Unità di misura sconosciuta in parametrilavoro");
+            return false;
         }
+        ImpostaSoll(s.nodo, valore / fattore, a, k);
     }
     if (!Taglia(resto).empty()) s.nodo.NomeSa(k) = Taglia(resto);
     return true;
+}
+
+// A member that the model lacks takes the results of another one: that must be seen.
+void AvvisaAsteAssenti(const Sessione& s, const OpzioniImporta& opz) {
+    std::vector<short> aste;
+    ModelloStr modello;
+    if (!LeggiLista(opz.aste, aste) || LeggiModello(s.dir.dirLavoro, modello, StrVecchia::prosegui,
+                                                    PiattaformaMuta()) != EsitoStr::bene) {
+        return;  // the import itself tells
+    }
+    for (const short numero : aste) {
+        if (std::none_of(modello.aste.begin(), modello.aste.end(),
+                         [&](const AstaStr& a) { return a.numero == numero; })) {
+            Errore(opz.file, "attenzione, l'asta " + std::to_string(numero) +
+                                 " non è nella struttura: le sue sollecitazioni non sono le sue");
+        }
+    }
 }
 
 }  // namespace
@@ -128,7 +150,15 @@ int ComandoImporta(const Avvio& avvio, const OpzioniImporta& opz) {
     return CambiaNodo(avvio, opz.file, opz.uscita, [&](Sessione& s) {
         const int prima = s.nodo.nSollAg;
         const TestiImportazione testi{opz.nodi, opz.aste, opz.casi, opz.condizioni, opz.sestetti};
+        AvvisaAsteAssenti(s, opz);
         if (!ImportaNelNodo(s, testi, opz.maxMin)) return kUscitaUso;
+        // Slots that still wait for their extreme: no six-set has matched the lists.
+        const bool vuoto =
+            opz.maxMin ? std::fabs(s.nodo.SforzoNormale(0)) > 1e19 : s.nodo.nSollAg == prima;
+        if (vuoto) {
+            Errore(opz.file, "nessun sestetto corrisponde alle liste");
+            return kUscitaUso;
+        }
         if (opz.spiega) Stampa(SpiegaImportazione(opz.maxMin));
         Stampa(opz.file + ": sestetti importati " +
                std::to_string(opz.maxMin ? s.nodo.nSollAg : s.nodo.nSollAg - prima) +

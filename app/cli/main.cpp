@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <clocale>
+#include <cstdio>
 #include <exception>
 #include <memory>
 
@@ -8,29 +9,13 @@
 #include "cli/banco.h"
 #include "cli/comandi_cli.h"
 #include "cli/comandi_nodo.h"
+#include "cli/italiano.h"
 #include "cli/porta_cli.h"
 #include "cli/programma.h"
 
 namespace {
 
 using tk07::Avvio;
-
-// The library's own words in Italian.
-void ParlaItaliano(CLI::App& app) {
-    const auto f = std::make_shared<CLI::Formatter>();
-    f->label("Usage", "Uso");
-    f->label("OPTIONS", "OPZIONI");
-    f->label("SUBCOMMAND", "COMANDO");
-    f->label("SUBCOMMANDS", "COMANDI");
-    f->label("Positionals", "Argomenti");
-    f->label("REQUIRED", "(obbligatorio)");
-    f->label("TEXT", "TESTO");
-    f->column_width(34);
-    app.formatter(f);
-    app.set_help_flag("-h,--help", "Mostra questo aiuto ed esce");
-    app.option_defaults()->group("Opzioni");
-    app.get_help_ptr()->group("Opzioni");
-}
 
 std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
     const std::string nome = e.get_name();
@@ -189,6 +174,10 @@ int main(int argc, char** argv) {
     try {
         std::reverse(argomenti.begin(), argomenti.end());
         app.parse(std::move(argomenti));
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            Errore("tk07", "uscita non scritta");
+            return std::max(codice, kUscitaUso);
+        }
         return codice;
     } catch (const CLI::CallForHelp& e) {
         return app.exit(e);

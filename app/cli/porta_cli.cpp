@@ -88,7 +88,10 @@ Piattaforma PortaCli::Fai() {
         const Risposta r =
             pulsanti == Pulsanti::OKAnnulla && fermati ? Risposta::Annulla : Risposta::OK;
         messaggi.push_back({testo, titolo, segno, pulsanti, r});
-        if (!zitta) Errore(prefisso, testo);
+        if (!zitta) {
+            const bool domanda = pulsanti == Pulsanti::OKAnnulla;
+            Errore(prefisso, testo + (!domanda ? "" : r == Risposta::OK ? " [OK]" : " [Annulla]"));
+        }
         return r;
     };
     p.scegliFile = [this](const RichiestaFile&) -> std::optional<FileScelto> {

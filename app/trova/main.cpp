@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "base/testo.h"
+#include "cli/italiano.h"
 #include "cli/porta_cli.h"
 #include "cli/programma.h"
 #include "trova/trova.h"
@@ -35,18 +36,21 @@ int main(int argc, char** argv) {
     }
 #ifdef TK07_NODI
     CLI::App app{"Sceglie nodi e travi sul modello e scrive TrovaOut.txt", "TrovaNod"};
+    ParlaItaliano(app);
     SceltaNodi scelta;
-    app.add_option("--nodi", scelta.nodi, "Nodi scelti");
-    app.add_option("--principale", scelta.principale, "Asta della trave principale");
-    app.add_option("--secondaria", scelta.secondaria, "Asta della trave secondaria");
+    app.add_option("--nodi", scelta.nodi, "Nodi scelti")->type_name("LISTA");
+    app.add_option("--principale", scelta.principale, "Asta della trave principale")
+        ->type_name("ASTA");
+    app.add_option("--secondaria", scelta.secondaria, "Asta della trave secondaria")
+        ->type_name("ASTA");
 #else
     CLI::App app{"Sceglie aste sul modello e scrive TrovaOut.txt", "Trova"};
+    ParlaItaliano(app);
     std::string scelta;
-    app.add_option("--aste", scelta, "Aste scelte");
+    app.add_option("--aste", scelta, "Aste scelte")->type_name("LISTA");
 #endif
-    app.set_help_flag("-h,--help", "Mostra questo aiuto ed esce");
     std::string diroot;
-    app.add_option("--diroot", diroot, "Radice dell'albero dei direttori");
+    app.add_option("--diroot", diroot, "Radice dell'albero dei direttori")->type_name("DIR");
     PortaCli porta;
     porta.prefisso = app.get_name();
     const Piattaforma p = porta.Fai();

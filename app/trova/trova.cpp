@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/aritmetica.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "modelimport/liste.h"
@@ -148,7 +149,7 @@ int TrovaNodi(const Direttori& d, const SceltaNodi& scelta, std::istream& ingres
          {std::pair{"P ", &s.principale}, std::pair{"S ", &s.secondaria}}) {
         if (asta->empty()) continue;
         const auto numero = ValoreStretto(*asta);
-        if (!numero || !HaAsta(*m, static_cast<int>(*numero))) {
+        if (!numero || *numero != Arrotonda(*numero, 0) || !HaAsta(*m, static_cast<int>(*numero))) {
             MostraErrore(p, "asta inesistente: " + *asta);
             return kGuasto;
         }

@@ -71,6 +71,25 @@ std::uint32_t Decodifica(std::string_view t, std::size_t& i) {
 }
 
 std::string MessaggioSistema(int errore) {
+    switch (errore) {  // the common ones in the program's language
+        case ENOENT:
+            return "file o direttorio inesistente";
+        case EACCES:
+        case EPERM:
+            return "permesso negato";
+        case EISDIR:
+            return "è un direttorio";
+        case ENOTDIR:
+            return "una parte del percorso non è un direttorio";
+        case ENOSPC:
+            return "spazio su disco esaurito";
+        case EROFS:
+            return "disco di sola lettura";
+        case EFBIG:
+            return "file troppo grande";
+        default:
+            break;
+    }
     return std::error_code(errore, std::generic_category()).message();
 }
 
@@ -284,7 +303,7 @@ std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifi
         if (errore == 0) fs::rename(provvisorio, nome, ec);
     }
     if (errore == 0 && !ec) return {};
-    std::string detto = ec ? ec.message() : MessaggioSistema(errore);
+    std::string detto = ec ? MessaggioSistema(ec.value()) : MessaggioSistema(errore);
     fs::remove(provvisorio, ec);
     return detto;
 }

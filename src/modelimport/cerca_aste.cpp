@@ -44,7 +44,7 @@ bool EseguiRicerca(const Direttori& d, const char* ingresso, const std::string& 
                      titoloErrore);
         return false;
     }
-    if (!p.avvia(d.dirProgra + programma, argomenti, true)) {
+    if (!p.avvia(PercorsoPiattaforma(d.dirProgra + programma), argomenti, true)) {
         MostraErrore(p, "Problemi con l'apertura dell'applicazione di ricerca", "Errore");
         return false;
     }

@@ -18,8 +18,8 @@ struct RigaOpzione {
     std::string Tipo;       // "TEXT", "CHECK", "LABC" or a text beginning with "OPTI"
     std::string Programmi;  // codes separated by "/"; empty means all
     short Gruppo = 0;
-    std::string Etichetta;  // "$$$" when the row has none
-    int Riga = 0;           // line of the file, from 1
+    std::string Etichetta;           // "$$$" when the row has none
+    int Riga = 0;                    // line of the file, from 1
     std::vector<std::string> Campi;  // the fields as read, trimmed: what saving writes back
 };
 
@@ -37,8 +37,9 @@ struct Opzioni {
 // success.
 bool LeggiOpzioni(std::string_view nomeFile, Opzioni& opz, const Piattaforma& p);
 
-// Writes the rows back in the same order: exactly the fields that each had, the first one anew where
-// its value has changed. False after a box when the file cannot be written; it keeps its contents.
+// Writes the rows back in the same order: exactly the fields that each had, the first one anew
+// where its value has changed. False after a box when the file cannot be written; it keeps its
+// contents.
 bool SalvaOpzioni(std::string_view nomeFile, const Opzioni& opz, const Piattaforma& p);
 
 // True when `filtro` is empty or one of its "/"-separated items, trimmed, equals "TK07".

@@ -21,7 +21,7 @@ void Apri(Sessione& s) {
     r.modo = ModoFile::apri;
     r.estensione = "tk7";
     r.filtro = kFiltroNodo;
-    r.direttorio = s.dir.dirLavoro;
+    r.direttorio = PercorsoMostrato(s.dir.dirLavoro);
     const auto scelto = s.piattaforma.scegliFile(r);
     if (scelto && !scelto->percorso.empty()) ApriNodo(s, scelto->percorso);
 }
@@ -43,7 +43,7 @@ void SalvaConNome(Sessione& s) {
     r.modo = ModoFile::salva;
     r.estensione = "tk17";  // Kept on purpose: the default extension of this dialog.
     r.filtro = kFiltroNodo;
-    r.direttorio = s.dir.dirLavoro;
+    r.direttorio = PercorsoMostrato(s.dir.dirLavoro);
     r.chiediSovrascrittura = true;
     const auto scelto = s.piattaforma.scegliFile(r);
     if (!scelto || scelto->percorso.empty()) return;
@@ -112,7 +112,7 @@ void Esporta(Sessione& s) {
     r.modo = ModoFile::salva;
     r.estensione = "txt";
     r.filtro = "File di testo (*.txt)|*.txt|Tutti i file (*.*)|*.*";
-    r.nomeIniziale = s.dir.dirLavoro + "\\Soll_Tk07.txt";
+    r.nomeIniziale = PercorsoMostrato(s.dir.dirLavoro + "\\Soll_Tk07.txt");
     r.chiediSovrascrittura = true;
     const auto scelto = s.piattaforma.scegliFile(r);
     if (!scelto || scelto->percorso.empty()) return;

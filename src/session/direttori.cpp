@@ -114,6 +114,10 @@ bool RisolviDirettori(const Avvio& avvio, Direttori& d, const Piattaforma& p) {
     }
     d.nomeLavoro = *lavoro;
     d.dirLavoro += d.nomeLavoro;
+    if (avvio.lavoro && !EsisteDirettorio(d.dirLavoro)) {
+        return fallito("Il lavoro " + d.nomeLavoro +
+                       " non esiste: " + PercorsoMostrato(d.dirLavoro));
+    }
     ImpostaDirettori(d);
     return DirettoriPresenti(d) == 1 ? mancanti() : true;
 }

@@ -1,5 +1,7 @@
 // The bolt panel: a list of the working copy's bolts, the plan, and bulk operations on a selection.
 
+#include <algorithm>
+
 #include "base/testo.h"
 #include "bolting/proposte.h"
 #include "session/gestori.h"
@@ -167,17 +169,20 @@ void Premi(Sessione& s, const NomeControllo& n) {
         Proponi(s.nodo, s.opz, ValoreIniziale(s.FormBulloni["DiamProponi"].testo), t,
                 s.piattaforma);
     }
-    RiscriviLista(s);
+    if (c != "DisegnaBp") RiscriviLista(s);
 }
 
 void Campo(Sessione& s, const NomeControllo& n, const std::string& testo, int tasto) {
     const bool diLista = n.indice >= 0;
     s.FormBulloni[diLista ? ConIndice(n.base, n.indice) : n.base].testo = testo;
-    if (tasto == 27) {
-        AnnullaAttesa(s.bulloni);
+    if (tasto == 27) AnnullaAttesa(s.bulloni);  // the bolt already counted stays
+    if (!diLista) return;
+    if (tasto != 0 && tasto != 13) {
+        const int primo = BulloneDellaRiga(s, 0);
+        const int ultimo = std::min<int>(primo + kRighe - 1, s.bulloni.nBullTemp);
+        RefreshTextBull(s, primo, ultimo);
         return;
     }
-    if (!diLista) return;
     const double valore = ValoreIniziale(testo);
     const int i = BulloneDellaRiga(s, n.indice);
     if (n.base == "Xbul") s.bulloni.XbullTemp(i) = valore;

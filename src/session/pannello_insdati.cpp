@@ -330,7 +330,7 @@ void pnn1_aggiorna_sollecitazioni(Sessione& s, int p) {
         const bool visibile = k < n.nSollAg;
         Controllo& numero = pan[ConIndice("Lb_sol_num", r)];
         numero.visibile = visibile;
-        if (visibile) numero.testo = TestoIntero(k + 1);
+        numero.testo = visibile ? TestoIntero(k + 1) : "";
         for (const char* base : {"TxtSN", "TxtTy", "TxtTz", "TxtMt", "TxtMy", "TxtMz"}) {
             Controllo& c = pan[ConIndice(base, r)];
             c.visibile = visibile;

@@ -1,5 +1,7 @@
 // The option panel, made at run time from the rows of the options file, and the colour panel.
 
+#include <algorithm>
+
 #include "base/aritmetica.h"
 #include "base/testo.h"
 #include "session/gestori.h"
@@ -39,7 +41,7 @@ void CreaControlli(Sessione& s) {
         } else if (DiTipo(r, "LABC")) {
             aggiungi(Nome("LabP", i), TipoControllo::etichetta).testo = r.Etichetta;
             Controllo& c = aggiungi(Nome("LabColP", i), TipoControllo::etichetta);
-            c.valore = InteroCorto(r.Valore);
+            c.valore = static_cast<int>(std::clamp(Arrotonda(r.Valore, 0), -2e9, 2e9));
             c.testo = TestoNumero(r.Valore);
         } else if (DiTipo(r, "OPTI")) {
             aggiungi(Nome("FrameP", i), TipoControllo::etichetta).testo = parti.front();
@@ -88,7 +90,10 @@ void AggiornaOpzioni(const Pannello& p, Opzioni& opz) {
     for (std::size_t i = 0; i < opz.Righe.size(); ++i) {
         RigaOpzione& r = opz.Righe[i];
         if (!RigaPerProgramma(r.Programmi)) continue;
-        if (DiTipo(r, "TEXT")) r.Valore = ValoreIniziale(p[Nome("TextP", i)].testo);
+        if (DiTipo(r, "TEXT")) {
+            const std::string& testo = p[Nome("TextP", i)].testo;
+            if (testo != TestoNumero(r.Valore)) r.Valore = ValoreIniziale(testo);
+        }
         if (DiTipo(r, "CHECK")) r.Valore = p[Nome("checkP", i)].valore != 0 ? 1.0 : 0.0;
         if (DiTipo(r, "LABC")) r.Valore = p[Nome("LabColP", i)].valore;
         if (DiTipo(r, "OPTI")) {

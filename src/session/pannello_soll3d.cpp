@@ -170,6 +170,7 @@ void CostruisciSelezione(Sessione& s) {
     for (int i = 0; i < kLinee; ++i) {
         p.controlli[ConIndice("LineeCh", i)] = NuovoControllo(casella, "", "Tipo di linea");
     }
+    p["TimerSel"].abilitato = false;
     for (const char* nome : {"NomiOp(0)", "ColoriOp(0)", "LineeOp(0)"}) p[nome].valore = 1;
 }
 

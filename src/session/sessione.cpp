@@ -5,6 +5,7 @@
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "joint/controlla_dati.h"
+#include "session/gestori.h"
 
 namespace tk07 {
 
@@ -67,6 +68,8 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
         n.acciaio = s.mat.AcciaiAperte(i);
     if (const int i = IndiceVite(s.mat, n.vite.Nome); i > 0) n.vite = s.mat.Viti(i);
     ControllaMateriali(s);
+    // A bolt panel left open holds a copy of the other joint's bolts.
+    ChiudiPannello(s, kGestoreFormBulloni);
     AggiornaTutto(s);
     return true;
 }

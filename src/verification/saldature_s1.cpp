@@ -168,13 +168,14 @@ void NervaturaS1(const Nodo& n, const GruppoS1& g, int s, int k, Risultati& ris)
 }  // namespace
 
 void VerificaSaldatureS1(const Nodo& n, double distAzioni, Risultati& ris, const Piattaforma& p) {
-    if (n.nSollAg <= 0) return;
     const ProfiloRec& sec = n.TraSec;
     const GruppoS1 g = ProprietaS1(n, ris);
-    NonNullo(g.A, "area delle saldature S1");
-    NonNullo(g.Ix, "momento d'inerzia Ix delle saldature S1");
-    NonNullo(g.Iy, "momento d'inerzia Iy delle saldature S1");
-    NonNullo(g.J, "rigidezza torsionale J delle saldature S1");
+    if (n.nSollAg > 0) {  // with no load set nothing is divided
+        NonNullo(g.A, "area delle saldature S1");
+        NonNullo(g.Ix, "momento d'inerzia Ix delle saldature S1");
+        NonNullo(g.Iy, "momento d'inerzia Iy delle saldature S1");
+        NonNullo(g.J, "rigidezza torsionale J delle saldature S1");
+    }
     LineaS1 linee[8];
     const int quante = LineeS1(n, ris, g.b, linee);
     for (int s = 0; s < n.nSollAg; ++s) {

@@ -95,12 +95,13 @@ void Nervatura3(const Nodo& n, const GruppoS2& g, int s, const AzioniNerv3& a, R
 }  // namespace
 
 void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const Piattaforma& p) {
-    if (n.nSollAg <= 0) return;
     const GruppoS2 g = ProprietaS2(n, ris);
-    NonNullo(g.A, "area delle saldature S2");
-    NonNullo(g.Ix, "momento d'inerzia Ix delle saldature S2");
-    NonNullo(g.Iy, "momento d'inerzia Iy delle saldature S2");
-    NonNullo(g.J, "rigidezza torsionale J delle saldature S2");
+    if (n.nSollAg > 0) {  // with no load set nothing is divided
+        NonNullo(g.A, "area delle saldature S2");
+        NonNullo(g.Ix, "momento d'inerzia Ix delle saldature S2");
+        NonNullo(g.Iy, "momento d'inerzia Iy delle saldature S2");
+        NonNullo(g.J, "rigidezza torsionale J delle saldature S2");
+    }
     const double b = g.b, Hp = n.TraPri.H, tfp = n.TraPri.tf;
     const double arm = n.TraPri.B / 2.0 + n.distPiastraTraPri - n.SpPiastra(1);
     struct Linea {
@@ -143,9 +144,11 @@ void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const
     }
     AggiungiTaglio(n, {8, 9}, n.TaglioZ, g.Ah, ris);
 
-    NonNullo(g.A3, "area delle saldature della nervatura 3 (s5, s6, s7)");
-    NonNullo(g.Ix3, "momento d'inerzia Ix delle saldature della nervatura 3 (s5, s6, s7)");
-    NonNullo(g.Iy3, "momento d'inerzia Iy delle saldature della nervatura 3 (s5, s6, s7)");
+    if (n.nSollAg > 0) {
+        NonNullo(g.A3, "area delle saldature della nervatura 3 (s5, s6, s7)");
+        NonNullo(g.Ix3, "momento d'inerzia Ix delle saldature della nervatura 3 (s5, s6, s7)");
+        NonNullo(g.Iy3, "momento d'inerzia Iy delle saldature della nervatura 3 (s5, s6, s7)");
+    }
     for (int s = 0; s < n.nSollAg; ++s) {
         Nervatura3(n, g, s, AzioniNervatura3(n, g, s, ris), ris);
     }

@@ -122,6 +122,8 @@ TEST(RimuoviSelezionati, SlotsBehindTheCountAreNoBolts) {
         CopiaDi({{1, 0, 12, 0}, {2, 0, 12, 1}, {3, 0, 12, 1}, {4, 0, 12, 0}, {5, 0, 12, 1}});
     RimuoviSelezionati(t);
     EXPECT_EQ(ListaDi(t), (Lista{{1, 0, 12, 0}, {4, 0, 12, 0}}));
+    for (const int nessuno : {-1, 0, 3}) RimuoviNumero(t, nessuno);
+    EXPECT_EQ(t.nBullTemp, 2);
     Seleziona(t, Selezione::tutti);
     RimuoviSelezionati(t);
     RimuoviSelezionati(t);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "aiuti/prova.h"
+#include "base/aritmetica.h"
 #include "bolting/proposte.h"
 #include "joint/controlla_dati.h"
 
@@ -61,19 +62,20 @@ NodoPtr NodoPiccolo() {
     return n;
 }
 
-// IPE240 on HEB500, plate 1 20 thick and plate 2 25, rib 1 of 9, no rib 2, rib 3 of 7, legs of 6.
+// IPE240 on HEB500, plate 1 20 thick and plate 2 25, rib 1 of 15, no rib 2, rib 3 of 7, legs of 6
+// and 8.
 NodoPtr NodoGrande() {
     auto n = std::make_unique<Nodo>();
     n->TraPri = Sezione(500, 300, 14.5, 28, 27);
     n->TraSec = Sezione(240, 120, 6.2, 9.8, 15);
     n->BPiastra(1) = 300, n->HPiastra(1) = 444, n->SpPiastra(1) = 20;
     n->BPiastra(2) = 260, n->HPiastra(2) = 440, n->SpPiastra(2) = 25;
-    n->distAlaSecPiastra = 100, n->distAliPriSec = 130;
+    n->distAlaSecPiastra = 100, n->distAliPriSec = 130.3;
     n->AttNerv(1) = true;
-    n->SpNerv(1) = 9, n->H1Nerv(1) = 100, n->H2Nerv(1) = 66, n->BNerv(1) = 120;
+    n->SpNerv(1) = 15, n->H1Nerv(1) = 100, n->H2Nerv(1) = 66, n->BNerv(1) = 120;
     n->SpNerv(2) = 30;  // off: must not count
     n->SpNerv(3) = 7;
-    n->spSaldS1 = n->spSaldS2 = 6;
+    n->spSaldS1 = 6, n->spSaldS2 = 8;
     RicalcolaNervatura3(*n);
     return n;
 }
@@ -119,21 +121,22 @@ TEST(Proponi, DefaultJointWithM12) {
     AttendiGriglie(t, 1, {{{-34}, {75, 75 + 100.1 / 3, 75 + 200.2 / 3, 175.1}}}, 12.0);
 }
 
-// d0 = 18, Rf = 9, Ybase = 222 + 250 - 130 = 342, top of plate 2 442, its bottom 2, Xmin = -130.
-// Limit states: e >= 21.6 = M, pitches >= 43.2 and 39.6, x0 = Int(-107.4) = -108.
-//   above   y 363 .. 420.4, x1 = Int(-(4.5 + 6) - 14) = -25
-//   below   y Int(23.6 + 1) = 24 .. 82, x1 = -3.5 - 6 - 5 - 9 = -23.5
-//   beside  y Int(Int(131.8 + 1) + 1) = 133 .. 312.2, x1 = Int(-9.5 - 14) = -24; 5 rows of 44.8
+// d0 = 18, Rf = 9, Ybase = 222 + 250 - 130.3 = 341.7, top of plate 2 441.7, its bottom 1.7.
+// Limit states: e >= 21.6, M = 5 + 8 + 9 = 22, pitches >= 43.2 and 39.6, x0 = Int(-107.4) = -108.
+//   above   y Int(361.7 + 1) = 362 .. 420.1, x1 = Int(-(7.5 + 6) - 14) = -28
+//   below   y Int(23.3 + 1) = 24 .. 81.7, x1 = -3.5 - 8 - 5 - 9 = -25.5
+//   beside  y Int(Int(131.5 + 1) + 1) = 133 .. 311.9, x1 = Int(-(3.5 + 8) - 14) = -26; 5 rows
 // Allowable stresses: e >= 27 and 36 = M, pitches >= 54, x0 = Int(-102) = -102.
-//   above   363 .. 406, one row in the middle; below Int(38 + 1) = 39 .. 82, one row; beside 4 rows
+//   above   362 .. 405.7, one row in the middle; below Int(37.7 + 1) = 38 .. 81.7, one row;
+//   beside  4 rows
 TEST(Proponi, LargerJointByBothMethods) {
     const NodoPtr n = NodoGrande();
-    const std::vector<Griglia> slu{{{-108, -25}, {363, 420.4}},
-                                   {{-108, -23.5}, {24, 82}},
-                                   {{-108, -24}, {133, 177.8, 222.6, 267.4, 312.2}}};
-    const std::vector<Griglia> ta{{{-102, -25}, {384.5}},
-                                  {{-102, -23.5}, {60.5}},
-                                  {{-102, -24}, {133, 133 + 179.2 / 3, 133 + 358.4 / 3, 312.2}}};
+    const std::vector<Griglia> slu{{{-108, -28}, {362, 420.1}},
+                                   {{-108, -25.5}, {24, 81.7}},
+                                   {{-108, -26}, {133, 177.725, 222.45, 267.175, 311.9}}};
+    const std::vector<Griglia> ta{{{-102, -28}, {383.85}},
+                                  {{-102, -25.5}, {59.85}},
+                                  {{-102, -26}, {133, 133 + 178.9 / 3, 133 + 357.8 / 3, 311.9}}};
     for (const short tipo : std::initializer_list<short>{0, 1}) {
         for (const short esposizione : std::initializer_list<short>{0, 1, 2, 5, -1}) {
             n->TipoVer = tipo;
@@ -194,8 +197,8 @@ TEST(LimitiPerProposta, ByMethodAndExposure) {
         EXPECT_DOUBLE_EQ(l.passoMinY, c.passoY);
         EXPECT_DOUBLE_EQ(l.passoMax, c.passoMax);
         EXPECT_EQ(l.comune.xMin, -130.0);
-        EXPECT_EQ(l.comune.yMin, 2.0);
-        EXPECT_EQ(l.comune.yMax, 442.0);
+        EXPECT_NEAR(l.comune.yMin, 1.7, 1e-9);
+        EXPECT_NEAR(l.comune.yMax, 441.7, 1e-9);
     }
 }
 
@@ -305,7 +308,7 @@ TEST(Proponi, Bolt101IsFatalAndChangesNothing) {
 }
 
 // On any joint that fits together a proposal is mirrored, fits together as well, and keeps the
-// edge distances of its method; what it cannot do it tells.
+// edge distances of its method and the clearance from every weld; what it cannot do it tells.
 TEST(Proponi, AnyConsistentJointTakesItsProposal) {
     std::mt19937 g(7);
     const auto tra = [&](double a, double b) {
@@ -357,6 +360,22 @@ TEST(Proponi, AnyConsistentJointTakesItsProposal) {
             ASSERT_GE(t.XbullTemp(i) - c.xMin, eX - 1e-9);
             ASSERT_GE(t.YbullTemp(i) - c.yMin, eY - 1e-9);
             ASSERT_GE(c.yMax - t.YbullTemp(i), eY - 1e-9);
+            // the nearest weld on each side, off the hole's edge: rib 3 and the ends of plate 1,
+            // then rib, flange or web of the zone
+            const double libero = d0 / 2 + 5.0 - 1e-9, x = -t.XbullTemp(i), y = t.YbullTemp(i);
+            const double sopra = y - (n->HPiastra(1) + n->TraPri.H) / 2 + n->distAliPriSec;
+            const double sotto = -sopra - n->TraSec.H;
+            const bool traLeAli = sopra < 0 && sotto < 0;
+            const int nerv = sopra > 0 ? 1 : 2;
+            ASSERT_GE(Min(y, n->HPiastra(1) - y) - n->spSaldS2, libero);
+            ASSERT_GE(x - n->SpNerv(3) / 2 - n->spSaldS2, libero);
+            if (traLeAli || n->AttNerv(nerv)) {
+                ASSERT_GE(x - (traLeAli ? n->TraSec.tw : n->SpNerv(nerv)) / 2 - n->spSaldS1,
+                          libero);
+            }
+            ASSERT_GE(
+                (traLeAli ? -Max(sopra, sotto) - n->TraSec.tf : Max(sopra, sotto)) - n->spSaldS1,
+                libero);
         }
         CopiaNelNodo(t, *n);
         Porta controllo;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/file_testo.h"
 #include "modelimport/cerca_aste.h"
 #include "modelimport/combinazioni.h"
 #include "modelimport/liste.h"
@@ -336,8 +337,8 @@ TEST_F(Ricerca, MembersThroughTheTool) {
     EXPECT_TRUE(atteso);
     EXPECT_EQ(prova::LeggiTesto(c / "TrovaIn.txt"), "Citt\xE0 - aste\n7,8\n3\n");
     EXPECT_EQ(porta.programmi, (std::vector<std::vector<std::string>>{
-                                   {d.dirProgra + "\\Trova.exe", "|Diroot=" + c.Testo() + "|",
-                                    "|Lavoro=" + c.Testo() + "|"}}));
+                                   {PercorsoPiattaforma(d.dirProgra + "\\Trova.exe"),
+                                    "|Diroot=" + c.Testo() + "|", "|Lavoro=" + c.Testo() + "|"}}));
     uscita = "-";
     EXPECT_FALSE(ChiamaTrova(d, "t", 3, lista, p));
     EXPECT_EQ(lista, "11, 12,20-22");
@@ -372,9 +373,10 @@ TEST_F(Ricerca, NodesThroughTheTool) {
     EXPECT_EQ(n.astaSec, 12);
     EXPECT_EQ(prova::LeggiTesto(c / "TrovaNIn.txt"),
               "Cerca nodi\n7\n2\nP Trave principale\nS Trave secondaria\n");
-    EXPECT_EQ(porta.programmi,
-              (std::vector<std::vector<std::string>>{
-                  {d.dirProgra + "\\TrovaNod.exe", "|Diroot=" + c.Testo() + "|"}}));
+    EXPECT_EQ(
+        porta.programmi,
+        (std::vector<std::vector<std::string>>{
+            {PercorsoPiattaforma(d.dirProgra + "\\TrovaNod.exe"), "|Diroot=" + c.Testo() + "|"}}));
     uscita = "7\nP 1e9\nS x\n";
     EXPECT_TRUE(ChiamaTrovaNod(d, "Cerca nodi", n, p));
     EXPECT_EQ(n.nodi, "7");

@@ -326,7 +326,7 @@ apri Nuovo.tk7
 = nodo/SpPiastra/0 20
 = nodo/BNerv/2 54.2
 > {'premi':'Bt_salva_con_nome','risposte':[null]}
-= r/dialoghi/0 {'modo':'salva','titolo':'','estensione':'tk17','filtro':'File nodo 7 (*.tk7)|*.tk7|Tutti i file (*.*)|*.*','direttorio':'@/lavori\\esempi','nome':'','sovrascrittura':true,'risposta':null}
+= r/dialoghi/0 {'modo':'salva','titolo':'','estensione':'tk17','filtro':'File nodo 7 (*.tk7)|*.tk7|Tutti i file (*.*)|*.*','direttorio':'@/lavori/esempi','nome':'','sovrascrittura':true,'risposta':null}
 > {'premi':'Bt_salva_con_nome','risposte':[{'file':'@/lavori'}]}
 m File: @/lavori...
 = r/messaggi/0/titolo 'TK07 - SALVATAGGIO NON RIUSCITO'

@@ -1,0 +1,375 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "nodo_di_prova.h"
+#include "verification/piastra.h"
+#include "verification/poligono.h"
+
+namespace tk07 {
+namespace {
+
+struct Barra {
+    double x, y, A;
+};
+
+// Contact rectangle, bars and loads, moments about the origin; started as the verification does.
+PoligonoCompresso Problema(double x0, double x1, double y0, double y1,
+                           const std::vector<Barra>& barre, std::array<double, 3> azioni) {
+    PoligonoCompresso p;
+    p.polNum = 1, p.polNVert = 4, p.polRifFisso = 1;
+    const double x[] = {x0, x0, x1, x1}, y[] = {y0, y1, y1, y0};
+    for (int j = 1; j <= 4; ++j) p.polX(j) = x[j - 1], p.polY(j) = y[j - 1];
+    p.polNBarre = static_cast<short>(barre.size());
+    for (int i = 1; i <= p.polNBarre; ++i) {
+        const Barra& b = barre[static_cast<std::size_t>(i - 1)];
+        p.barX(i) = b.x, p.barY(i) = b.y, p.barA(i) = b.A, p.barE(i) = 1.0;
+    }
+    for (int k = 1; k <= 3; ++k) p.polAzioni(k) = azioni[static_cast<std::size_t>(k - 1)];
+    p.polScarto(1) = p.polScarto(2) = 100.0, p.polScarto(3) = 0.01;
+    return p;
+}
+
+struct Esito {
+    short flag;
+    std::vector<std::string> detti;
+};
+Esito Risolvi(PoligonoCompresso& p, short flag = 0) {
+    prova::Porta porta;
+    p.RisolviPiano(flag, porta.Fai());
+    for (const prova::Detto& d : porta.detti) {
+        EXPECT_EQ(d.segno, Segno::critico);
+        EXPECT_EQ(d.titolo, kTitoloProgramma);
+    }
+    return {flag, porta.Testi()};
+}
+
+const std::vector<Barra> kQuattro = {
+    {-60, 80, 250}, {60, 80, 250}, {-60, 320, 250}, {60, 320, 250}};
+
+TEST(Contatto, AgreesWithTheClosedForms) {
+    const nlohmann::json chiusi = prova::Validazione("contatto_chiuso.json");
+    ASSERT_GE(chiusi["casi"].size(), 20u);
+    for (const auto& c : chiusi["casi"]) {
+        SCOPED_TRACE(c["nome"].get<std::string>());
+        const auto& r = c["rettangolo"];
+        std::vector<Barra> barre;
+        for (const auto& b : c["bulloni"]) barre.push_back({b[0], b[1], b[2]});
+        PoligonoCompresso p = Problema(r["xMin"], r["xMax"], r["yMin"], r["yMax"], barre,
+                                       c["azioni"].get<std::array<double, 3>>());
+        // the wish to see a message does not make a singular matrix speak
+        const Esito e = Risolvi(p, 1);
+        EXPECT_TRUE(e.detti.empty());
+        ASSERT_EQ(e.flag, c["esito"] == "risolto" ? 1 : 0);
+        if (e.flag == 0) continue;
+        for (int k = 1; k <= 3; ++k) {
+            const auto m = static_cast<std::size_t>(k - 1);
+            EXPECT_NEAR(p.polPiano(k), c["piano"][m].get<double>(),
+                        c["tolleranza_piano"][m].get<double>());
+            EXPECT_EQ(p.pianoPol(k), p.polPiano(k));
+        }
+        for (const auto& q : c["punti"]) {
+            EXPECT_NEAR(ValorePiano(p.polPiano, q["x"], q["y"]), q["s"].get<double>(),
+                        q["tolleranza"].get<double>());
+        }
+        for (const auto& q : c["pubblicati"]) {
+            EXPECT_NEAR(ValorePiano(p.polPiano, q["x"], q["y"]), q["s"].get<double>(),
+                        std::fabs(q["s"].get<double>() * q["tolleranza_relativa"].get<double>()));
+        }
+    }
+}
+
+TEST(Contatto, PassesBeforeTheReturn) {
+    // No load, and full compression: the second pass finds nothing to correct, the third returns.
+    PoligonoCompresso p = Problema(-100, 100, 0, 400, kQuattro, {0, 0, 0});
+    EXPECT_EQ(Risolvi(p).flag, 1);
+    EXPECT_EQ(p.polIter, 3);
+    for (int k = 1; k <= 3; ++k) EXPECT_EQ(p.polPiano(k), 0.0);
+    EXPECT_EQ(p.compN, 4);  // a vertex at exactly 0 stays, and no crossing is added
+    p = Problema(-100, 100, 0, 400, kQuattro, {-1.6e7, 0, -80000});
+    EXPECT_EQ(Risolvi(p).flag, 1);
+    EXPECT_EQ(p.polIter, 3);
+    // Full tension: the first pass still counts the plate, the second has bolts only, the third
+    // confirms, the fourth returns.
+    p = Problema(-100, 100, 0, 400, kQuattro, {4e6, 0, 20000});
+    EXPECT_EQ(Risolvi(p).flag, 1);
+    EXPECT_EQ(p.polIter, 4);
+    EXPECT_EQ(p.compN, 0);
+    EXPECT_NEAR(ValorePiano(p.polPiano, 60, 320), 20.0, 1e-9);
+    // nothing to solve
+    p = Problema(0, 0, 0, 0, {}, {1, 1, 1});
+    p.polNVert = 0;
+    EXPECT_EQ(Risolvi(p, 1).flag, 0);
+}
+
+TEST(Contatto, TheMessageWantsAnEarlierSuccess) {
+    // Turned vertices, as two plates that do not meet give: the sum of areas is negative.
+    const auto girato = [] {
+        return Problema(-100, 100, 0, -50, {{88, 6, 250}, {-89, 19, 250}}, {-1e5, -4e5, 0});
+    };
+    // A bar softer than the plate it takes away: the contact under it opens and closes for ever.
+    const auto inquieto = [] {
+        PoligonoCompresso p = Problema(-100, 100, 0, 200, {{15, 9, 3000}}, {4e5, 1e5, -1000});
+        p.barE(1) = 0.5;
+        return p;
+    };
+    struct Caso {
+        PoligonoCompresso p;
+        const char* testo;
+    };
+    const Caso casi[] = {
+        {girato(), "Convergenza non raggiunta (la somma delle aree distribuite e' negativa)."},
+        {inquieto(), "Convergenza non raggiunta."}};
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.testo);
+        for (const short prima : {short{0}, short{1}}) {
+            PoligonoCompresso p = c.p;
+            const Esito e = Risolvi(p, prima);
+            EXPECT_EQ(e.flag, 0);
+            EXPECT_EQ(e.detti,
+                      prima == 1 ? std::vector<std::string>{c.testo} : std::vector<std::string>{});
+        }
+    }
+    PoligonoCompresso p = girato();
+    Risolvi(p);
+    EXPECT_EQ(p.polTipo, 1);
+    EXPECT_EQ(p.barPol(1), 0);
+}
+
+TEST(Contatto, OneAxisOnlyAndTheCentroidAsReference) {
+    // Rectangle within its core, N = -80000 at e = 40 under the middle: c1 = 12 N e / (B H^3); the
+    // moment about the other axis is dropped.
+    PoligonoCompresso p = Problema(-100, 100, 0, 400, {}, {-160.0 * 80000, 3e5, -80000});
+    p.polSoloY = 1;
+    ASSERT_EQ(Risolvi(p).flag, 1);
+    EXPECT_NEAR(p.polPiano(1), 0.003, 1e-9);
+    EXPECT_EQ(p.polPiano(2), 0.0);
+    EXPECT_EQ(p.polRisult(2), 0.0);
+    EXPECT_NEAR(ValorePiano(p.polPiano, 0, 0), -1.6, 1e-6);
+    // about the centroid (50, 100) no moment is left of the same force: uniform stress
+    p = Problema(0, 100, 0, 200, {}, {0, 0, -20000});
+    p.polRifFisso = 0;
+    ASSERT_EQ(Risolvi(p).flag, 1);
+    EXPECT_EQ(p.polXG, 50.0);
+    EXPECT_NEAR(p.polYG, 100.0, 1e-12);
+    EXPECT_NEAR(ValorePiano(p.polPiano, 100, 0), -1.0, 1e-9);
+    // without clipping the plate pulls too: N = 20000 on 100 x 200
+    p = Problema(0, 100, 0, 200, {}, {2e6, 1e6, 20000});
+    p.polNonTaglia = 1;
+    ASSERT_EQ(Risolvi(p).flag, 1);
+    EXPECT_NEAR(ValorePiano(p.polPiano, 100, 0), 1.0, 1e-9);
+}
+
+TEST(Contatto, PointInPolygon) {
+    Tab1<double, 1, PoligonoCompresso::kVertici + 1> x, y;
+    using Punti = std::vector<std::pair<double, double>>;
+    const auto dove = [&](const Punti& v, double px, double py) {
+        for (std::size_t j = 0; j < v.size(); ++j) {
+            x(static_cast<long>(j) + 1) = v[j].first, y(static_cast<long>(j) + 1) = v[j].second;
+        }
+        return PuntoInPoligono(px, py, static_cast<int>(v.size()), x, y);
+    };
+    const Punti quadrato = {{0, 0}, {0, 10}, {10, 10}, {10, 0}};
+    const Punti rombo = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
+    const Punti punta = {{5, 0}, {4, 2}, {6, 2}};
+    const Punti elle = {{0, 0}, {0, 10}, {5, 10}, {5, 4}, {10, 4}, {10, 0}};
+    struct Caso {
+        const Punti& v;
+        double x, y;
+        int atteso;
+    };
+    for (const Caso& c : {Caso{quadrato, 5, 5, 1},
+                          {quadrato, -5, 5, 0},
+                          {quadrato, 15, 5, 0},
+                          {quadrato, 5, 12, 0},
+                          {quadrato, 10, 5, 2},
+                          {quadrato, 0, 5, 2},
+                          {quadrato, 5, 10, 2},
+                          {quadrato, 10, 10, 2},
+                          {quadrato, 0.00005, 5, 2},  // within the tolerance of an edge
+                          {quadrato, 0.00015, 5, 1},  // and just beyond it
+                          {quadrato, -5, 10, 0},      // ray along the upper edge
+                          {quadrato, -5, 0, 0},       // and along the lower one
+                          {rombo, -0.5, 0, 1},        // ray out through one vertex
+                          {rombo, -2, 0, 0},          // in through one, out through another
+                          {punta, 0, 0, 0},           // ray that touches a tip from below
+                          {punta, 0, 2, 0},
+                          {elle, 2, 4, 1},  // ray along an inner edge
+                          {elle, 7, 7, 0},
+                          {elle, -3, 4, 0}}) {
+        EXPECT_EQ(dove(c.v, c.x, c.y), c.atteso) << c.x << ", " << c.y;
+    }
+}
+
+struct Somma {
+    double My = 0, Mx = 0, N = 0;
+};
+
+// Resultants of a plane on the compressed part of a rectangle by another way than edge integrals:
+// along every vertical the integral is in closed form, across them three Gauss points between the
+// abscissas at which the neutral axis meets the lower and the upper side: exact for these degrees.
+Somma Quadratura(const PoligonoCompresso& p, const Tab1<double, 1, 3>& c) {
+    const double x0 = p.polX(1), x1 = p.polX(3), y0 = p.polY(1), y1 = p.polY(2);
+    std::vector<double> tagli = {x0, x1};
+    for (const double y : {y0, y1}) {
+        const double x = -(c(3) + c(1) * y) / c(2);
+        if (x > x0 && x < x1) tagli.push_back(x);
+    }
+    std::sort(tagli.begin(), tagli.end());
+    Somma r;
+    for (std::size_t k = 0; k + 1 < tagli.size(); ++k) {
+        const double h = (tagli[k + 1] - tagli[k]) / 2, m = (tagli[k + 1] + tagli[k]) / 2;
+        const double g = std::sqrt(0.6);
+        for (const auto& [t, w] : {std::pair{-g, 5.0 / 9}, {0.0, 8.0 / 9}, {g, 5.0 / 9}}) {
+            const double x = m + h * t, s0 = c(3) + c(2) * x;
+            double a = y0, b = y1;
+            const double zero = -s0 / c(1);
+            (c(1) > 0 ? b : a) = std::clamp(zero, y0, y1);
+            const double I1 = (b * b - a * a) / 2, I2 = (b * b * b - a * a * a) / 3;
+            const double f = s0 * (b - a) + c(1) * I1;
+            r.N += w * h * f, r.Mx += w * h * f * x, r.My += w * h * (s0 * I1 + c(1) * I2);
+        }
+    }
+    for (int i = 1; i <= p.polNBarre; ++i) {
+        const double x = p.barX(i), y = p.barY(i), s = ValorePiano(c, x, y);
+        const bool dentro = x > x0 && x < x1 && y > y0 && y < y1;
+        if (s < 0 && dentro) continue;  // its area is the plate's
+        r.N += s * p.barA(i), r.Mx += s * p.barA(i) * x, r.My += s * p.barA(i) * y;
+    }
+    return r;
+}
+
+TEST(Contatto, TheSolvedPlaneIsInEquilibriumScalesAndMirrors) {
+    std::mt19937_64 g(20);
+    const auto U = [&](double a, double b) {
+        return std::uniform_real_distribution<double>(a, b)(g);
+    };
+    int risolti = 0;
+    for (int prove = 0; risolti < 200 && prove < 260; ++prove) {
+        const double B = U(100, 400), H = U(150, 700), base = U(0, 100);
+        std::vector<Barra> barre, specchio;
+        for (int i = 0; i < 2 + prove % 9; ++i) {
+            // now and then a bolt outside the contact
+            barre.push_back({U(-B * 0.55, B * 0.55), base + U(-0.05, 1.05) * H, U(80, 900)});
+            specchio.push_back({-barre.back().x, barre.back().y, barre.back().A});
+        }
+        const double N = U(-20000, 8000), M = U(-2e6, 2e6) + N * (base + H / 2);
+        const double Mx = U(-8e5, 8e5);
+        PoligonoCompresso p = Problema(-B / 2, B / 2, base, base + H, barre, {M, Mx, N});
+        if (Risolvi(p).flag == 0) continue;
+        ++risolti;
+        SCOPED_TRACE(prove);
+        const Somma r = Quadratura(p, p.polPiano);
+        EXPECT_NEAR(r.N, N, 1 + 1e-4 * std::fabs(N));
+        EXPECT_NEAR(r.My, M, 1 + 1e-4 * std::fabs(M));
+        EXPECT_NEAR(r.Mx, Mx, 1 + 1e-4 * std::fabs(Mx));
+        PoligonoCompresso doppio =
+            Problema(-B / 2, B / 2, base, base + H, barre, {2 * M, 2 * Mx, 2 * N});
+        PoligonoCompresso altro = Problema(-B / 2, B / 2, base, base + H, specchio, {M, -Mx, N});
+        ASSERT_EQ(Risolvi(doppio).flag, 1);
+        ASSERT_EQ(Risolvi(altro).flag, 1);
+        double massimo = 0;
+        for (int j = 1; j <= 4; ++j) {
+            massimo = std::max(massimo, std::fabs(ValorePiano(p.polPiano, p.polX(j), p.polY(j))));
+        }
+        for (int j = 1; j <= 4; ++j) {
+            const double x = p.polX(j), y = p.polY(j), s = ValorePiano(p.polPiano, x, y);
+            EXPECT_NEAR(ValorePiano(doppio.polPiano, x, y), 2 * s, 1e-3 * massimo);
+            EXPECT_NEAR(ValorePiano(altro.polPiano, -x, y), s, 1e-9 * massimo);
+        }
+    }
+    EXPECT_EQ(risolti, 200);
+}
+
+// The overhangs of plate 2 by hand. No ribs: W = 100 20^2 / 6, the width of the flange.
+struct Sbalzo : testing::Test {
+    Nodo n = prova::NodoDiProva();
+    Risultati ris;
+    prova::Porta porta;
+    bool Verifica() {
+        const GeometriaVerifica geo = PreparaGeometria(n);
+        PoligonoCompresso pol;
+        return VerificaPiastra(n, geo, StrisceDi(n), 0.0, pol, ris, porta.Fai());
+    }
+};
+
+TEST_F(Sbalzo, AStripWithoutCompressionIsBentByItsBoltsAlone) {
+    n.AttNerv(1) = n.AttNerv(2) = false;
+    prova::AggiungiSestetto(n, 40000, 0, 0, 0, 0, 0);
+    const Strisce st = StrisceDi(n);
+    EXPECT_EQ(std::tie(st.yInf1, st.yInf2, st.ySup1, st.ySup2), std::tuple(25., 85., 285., 345.));
+    AzzeraRisultati(n, ris);
+    const GeometriaVerifica geo = PreparaGeometria(n);
+    PoligonoCompresso pol;
+    ASSERT_TRUE(AzioniBulloni(n, geo, pol, ris, porta.Fai()));
+    ASSERT_TRUE(Verifica());
+    // two bolts of 10000 daN at 30 mm from the flange: 600000 / 6666.67
+    EXPECT_NEAR(ris.SigPiastra2(0, 0), 90.0, 1e-6);
+    // plate 2 no higher than the beam: nothing to check
+    n.distAlaSecPiastra = 0, n.HPiastra(2) = 200;
+    prova::MettiBulloni(n, {{-60, 110, 20}, {60, 110, 20}, {-60, 260, 20}, {60, 260, 20}});
+    ASSERT_TRUE(Verifica());
+    EXPECT_EQ(ris.SigPiastra2(0, 0), 0.0);
+}
+
+// Uniform compression of 1 daN/mm2 on a plate that stands out on one side only: the contact of the
+// strip, 180 x 60 at 30 mm, and the two bolts there, which are not taken out of it.
+TEST_F(Sbalzo, ContactAndCompressedBoltsAddUp) {
+    n.AttNerv(1) = n.AttNerv(2) = false;
+    n.HPiastra(2) = 260;
+    for (const bool sopra : {false, true}) {
+        n.distAlaSecPiastra = sopra ? 60 : 0;
+        const double y1 = sopra ? 120 : 55, y2 = sopra ? 315 : 250;
+        prova::MettiBulloni(n, {{-60, y1, 20}, {60, y1, 20}, {-60, y2, 20}, {60, y2, 20}});
+        n.nSollAg = 0;
+        // the middle of the plate lies 30 mm above or below the axis: 10 Mz = 30 N
+        prova::AggiungiSestetto(n, -46800, 0, 0, 0, 0, sopra ? 140400 : -140400);
+        AzzeraRisultati(n, ris);
+        for (int i = 1; i <= 4; ++i) ris.Sigma(0, i) = -1;
+        ASSERT_TRUE(Verifica());
+        EXPECT_NEAR(ris.SigPiastra2(0, 0),
+                    (180.0 * 60 * 30 + 2 * 245.69507824338157 * 30) / (100 * 400.0 / 6), 1e-6);
+    }
+}
+
+TEST_F(Sbalzo, ABoltCountsByItsRoundedStress) {
+    n.AttNerv(1) = n.AttNerv(2) = false;
+    prova::AggiungiSestetto(n, 0, 0, 0, 0, 0, 0);
+    const double perSigma = 245.69507824338157 * 30 / (100 * 400.0 / 6);
+    for (const auto& [sigma, quanto] :
+         {std::pair{0.4, 0.0}, {0.5, 0.0}, {-0.5, 0.0}, {0.6, 0.6}, {-0.6, 0.6}, {1.5, 1.5}}) {
+        for (const int bullone : {1, 3}) {  // one in either overhang
+            AzzeraRisultati(n, ris);
+            ris.Sigma(0, bullone) = sigma;
+            ASSERT_TRUE(Verifica());
+            EXPECT_NEAR(ris.SigPiastra2(0, 0), quanto * perSigma, 1e-9) << sigma;
+        }
+    }
+}
+
+TEST_F(Sbalzo, TheTSection) {
+    // Flange 100 x 20, rib 1 of 100 x 8 without its own inertia: yG = 190/7, I = 44.6e6/21; at the
+    // tip M (120 - 190/7) / I = 1950/44.6 for M = 1e6.
+    EXPECT_NEAR(FlessionePiastra(n, 1, -1e6, 0.0), 1950 / 44.6, 1e-9);
+    EXPECT_EQ(FlessionePiastra(n, 1, 1e6, 50.0), 50.0);
+    // rib 2 of 90 x 10: A = 2900, yG = 785/29, I = 100 20^3/12 + 2000 (495/29)^2 + 900 (1100/29)^2
+    const double I = 200000.0 / 3 + (2000.0 * 495 * 495 + 900.0 * 1100 * 1100) / 841;
+    EXPECT_NEAR(FlessionePiastra(n, 2, 1e6, 0.0), 1e6 / I * (110 - 785.0 / 29), 1e-9);
+    n.AttNerv(1) = false;
+    EXPECT_NEAR(FlessionePiastra(n, 1, 1e6, 0.0), 150.0, 1e-9);
+}
+
+TEST_F(Sbalzo, NoEquilibriumNamesTheLoadSet) {
+    prova::AggiungiSestetto(n, 0, 0, 0, 0, 0, 0);
+    prova::AggiungiSestetto(n, 9000, 0, 0, 0, 0, 0);
+    n.nBull = 2;
+    AzzeraRisultati(n, ris);
+    EXPECT_FALSE(Verifica());
+    EXPECT_EQ(porta.Testi(),
+              std::vector<std::string>{"Sestetto di sollecitazione n°2: situazione non equilibrata "
+                                       "nella verifica della piastra. La verifica non può "
+                                       "continuare!"});
+}
+
+}  // namespace
+}  // namespace tk07
