@@ -390,6 +390,7 @@ TEST(ProponiPias, SizesAreNotCutToWholeMillimetres) {
     const NodoPtr n = NodoPiccolo();
     n->TraSec.tf = 12.5;
     n->H1Nerv(1) = 70, n->H1Nerv(2) = 40;
+    n->BPiastra.Riempi(1), n->HPiastra.Riempi(1), n->SpPiastra.Riempi(1);
     struct Caso {
         bool nerv1, nerv2;
         double H2;
