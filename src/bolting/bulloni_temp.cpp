@@ -1,5 +1,7 @@
 #include "bolting/bulloni_temp.h"
 
+#include <string>
+
 #include "base/aritmetica.h"
 
 namespace tk07 {
@@ -37,7 +39,10 @@ void CopiaNelNodo(const BulloniTemp& t, Nodo& nodo) {
 }
 
 void EsigiPosto(const BulloniTemp& t, double quanti) {
-    if (t.nBullTemp + quanti > kMaxBulloni) IndiceFuori(kMaxBulloni + 1, 0, kMaxBulloni);
+    if (t.nBullTemp + quanti > kMaxBulloni) {
+        throw ErroreFatale("Più di " + std::to_string(kMaxBulloni) + " bulloni",
+                           "disposizione dei bulloni");
+    }
 }
 
 void AccodaBullone(BulloniTemp& t, double x, double y, double diametro) {

@@ -345,7 +345,7 @@ TEST(FormBulloni, WarnsFrom95AndThe101stIsFatal) {
         EXPECT_EQ(f.S().nodo.nBull, 100);
         const auto prima = std::make_unique<Nodo>(f.S().nodo);
         f.Recita(std::string("P ") + via);
-        AttendiFatale(f, *prima, "101");
+        AttendiFatale(f, *prima, "100 bulloni");
     }
 }
 
