@@ -12,6 +12,12 @@ Controllo NuovoControllo(TipoControllo tipo, const char* testo, const char* sugg
     return c;
 }
 
+void AggiungiControlli(Pannello& p, std::span<const DescrizioneControllo> controlli) {
+    for (const DescrizioneControllo& d : controlli) {
+        p.controlli[d.nome] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
+    }
+}
+
 std::string TestoCampo(const Sessione& s, double valore, double fattore) {
     return Formatta(valore, "(DV_02)(NP_1)", fattore, s.piattaforma);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "session/sessione.h"
@@ -33,6 +34,14 @@ void ChiudiPannello(Sessione& s, const GestorePannello& g);
 
 // A new control of a panel.
 Controllo NuovoControllo(TipoControllo tipo, const char* testo, const char* suggerimento);
+// The controls of a panel as a table.
+struct DescrizioneControllo {
+    const char* nome;
+    TipoControllo tipo;
+    const char* testo;
+    const char* suggerimento;
+};
+void AggiungiControlli(Pannello& p, std::span<const DescrizioneControllo> controlli);
 // A number as fields show it: two decimals more or less by the factor, no trailing point.
 std::string TestoCampo(const Sessione& s, double valore, double fattore);
 // Selects an entry of a list and shows its text.

@@ -15,16 +15,9 @@ constexpr int kRighe = 9;           // bolts shown at once
 constexpr int kAvvisoBulloni = 95;  // from here on the hint line warns
 constexpr int kPuntatoreCroce = 2;
 
-struct Descrizione {
-    const char* nome;
-    TipoControllo tipo;
-    const char* testo;
-    const char* suggerimento;
-};
-
 using enum TipoControllo;
 
-constexpr Descrizione kControlli[] = {
+constexpr DescrizioneControllo kControlli[] = {
     {"Singolo", pulsante, "Agg. singolo", "Aggiunge un bullone con il mouse"},
     {"Rimuovi", pulsante, "Rimuovi ultimo", "Rimuove l'ultimo bullone"},
     {"RimuoviT", pulsante, "Rimuovi tutto", "Rimuove tutti i bulloni"},
@@ -59,7 +52,7 @@ constexpr Descrizione kControlli[] = {
     {"Timer1", timer, "", ""},
 };
 
-constexpr Descrizione kRiga[] = {
+constexpr DescrizioneControllo kRiga[] = {
     {"Lbul", etichetta, "", "Numero del bullone: doppio clic per rimuoverlo"},
     {"Xbul", campo, "", "Ascissa dall'asse del nodo [mm]"},
     {"Ybul", campo, "", "Ordinata dall'estremo inferiore della piastra 1 [mm]"},
@@ -84,7 +77,7 @@ void RefreshTextBull(Sessione& s, int primo, int ultimo) {
 void ImpostaListaBulloni(Sessione& s, int n) {
     Pannello& p = s.FormBulloni;
     for (int r = 0; r < kRighe; ++r) {
-        for (const Descrizione& d : kRiga) p[ConIndice(d.nome, r)].visibile = r < n;
+        for (const DescrizioneControllo& d : kRiga) p[ConIndice(d.nome, r)].visibile = r < n;
     }
     Controllo& barra = p["Scroll1"];
     barra.visibile = n > kRighe;
@@ -105,10 +98,8 @@ void Costruisci(Sessione& s) {
     Pannello& p = s.FormBulloni;
     p = Pannello{};
     p.titolo = "Definisci bulloni";
-    for (const Descrizione& d : kControlli) {
-        p.controlli[d.nome] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
-    }
-    for (const Descrizione& d : kRiga) {
+    AggiungiControlli(p, kControlli);
+    for (const DescrizioneControllo& d : kRiga) {
         for (int r = 0; r < kRighe; ++r) {
             p.controlli[ConIndice(d.nome, r)] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
         }

@@ -15,17 +15,10 @@ namespace {
 
 constexpr int kRighe = 5;  // load sets shown at once
 
-struct Descrizione {
-    const char* nome;
-    TipoControllo tipo;
-    const char* testo;
-    const char* suggerimento;
-};
-
 using enum TipoControllo;
 
 // Controls without an index of their own.
-constexpr Descrizione kControlli[] = {
+constexpr DescrizioneControllo kControlli[] = {
     {"TraveP", lista, "", "Profilo della trave principale"},
     {"TraveS", lista, "", "Profilo della trave secondaria"},
     {"GeoPias1", etichetta, "", "Altezza della piastra 1 [mm]: si cambia con la proposta piastre"},
@@ -89,7 +82,7 @@ constexpr DescrizioneVettore kVettori[] = {
     {"geomp", 5, etichetta, "H, B, tw, tf, r della trave principale [mm]"},
     {"geoms", 5, etichetta, "H, B, tw, tf, r della trave secondaria [mm]"},
     {"Lb_sol_num", kRighe, etichetta, "Numero del sestetto: doppio clic per rimuoverlo"},
-    {"Tb_sol_descr", kRighe, campo, "Descrizione del sestetto"},
+    {"Tb_sol_descr", kRighe, campo, "DescrizioneControllo del sestetto"},
     {"TxtSN", kRighe, campo, "Sforzo normale N, positivo se tende i bulloni"},
     {"TxtTy", kRighe, campo, "Taglio Ty, positivo verso il basso"},
     {"TxtTz", kRighe, campo, "Taglio Tz, orizzontale"},
@@ -208,9 +201,7 @@ AzioneSestetto CampoAzione(const std::string& base) {
 void CostruisciInsDati(Sessione& s) {
     Pannello& p = s.InsDati;
     p = Pannello{};
-    for (const Descrizione& d : kControlli) {
-        p.controlli[d.nome] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
-    }
+    AggiungiControlli(p, kControlli);
     for (const DescrizioneVettore& v : kVettori) {
         for (int i = 0; i < v.quanti; ++i) {
             p.controlli[ConIndice(v.base, i)] = NuovoControllo(v.tipo, "", v.suggerimento);

@@ -16,16 +16,9 @@ namespace tk07 {
 
 namespace {
 
-struct Descrizione {
-    const char* nome;
-    TipoControllo tipo;
-    const char* testo;
-    const char* suggerimento;
-};
-
 using enum TipoControllo;
 
-constexpr Descrizione kControlli[] = {
+constexpr DescrizioneControllo kControlli[] = {
     {"NodiTxt", campo, "", "Nodi della struttura: numeri e intervalli separati da virgole"},
     {"Astetxt", campo, "", "Aste che concorrono nei nodi"},
     {"CdCTxt", campo, "", "Casi di carico"},
@@ -56,9 +49,7 @@ void CostruisciSoll3D(Sessione& s) {
     Pannello& p = s.Soll3D;
     p = Pannello{};
     p.titolo = "Importa sollecitazioni 3D";
-    for (const Descrizione& d : kControlli) {
-        p.controlli[d.nome] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
-    }
+    AggiungiControlli(p, kControlli);
     p["TuttiCdc"].suggerimento =
         s.nodo.MetodoVerifica() == Metodo::TA
             ? "Seleziona tutti i casi di carico per la verifica alle T.A."
@@ -136,7 +127,7 @@ namespace {
 
 constexpr int kColori = 10, kLinee = 5;
 
-constexpr Descrizione kSelezione[] = {
+constexpr DescrizioneControllo kSelezione[] = {
     {"Nomi", casella, "Nome", ""},
     {"NomiOp(0)", opzione, "Tutti", "Cliccare per selezionare le aste con qualunque nome"},
     {"NomiOp(1)", opzione, "Intervallo",
@@ -161,9 +152,7 @@ void CostruisciSelezione(Sessione& s) {
     Pannello& p = s.selezione;
     p = Pannello{};
     p.titolo = "Seleziona aste";
-    for (const Descrizione& d : kSelezione) {
-        p.controlli[d.nome] = NuovoControllo(d.tipo, d.testo, d.suggerimento);
-    }
+    AggiungiControlli(p, kSelezione);
     for (int i = 0; i < kColori; ++i) {
         p.controlli[ConIndice("ColoriCh", i)] = NuovoControllo(casella, "", "Colore");
     }
