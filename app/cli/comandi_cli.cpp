@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iostream>
 #include <memory>
+#include <set>
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -126,6 +127,13 @@ int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file, Lavoro
 }  // namespace
 
 int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz) {
+    // The report is named after the joint: of two joints of one name only the last report stays.
+    std::set<std::string> nomi;
+    for (const std::string& f : opz.file) {
+        if (!nomi.insert(Minuscolo(NomeBase(f))).second) {
+            Errore(f, "attenzione, un altro nodo ha lo stesso nome: la sua relazione è riscritta");
+        }
+    }
     return PerOgniFile(
         avvio, opz.file,
         [&](Sessione& s, PortaCli& porta, const std::string& f) {
