@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <map>
 #include <memory>
-#include <set>
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -16,6 +16,7 @@
 #include "cli/inizializza.h"
 #include "cli/json_nodo.h"
 #include "cli/mostra.h"
+#include "cli/programma.h"
 #include "cli/protocollo.h"
 #include "joint/controlla_dati.h"
 #include "verification/interassi.h"
@@ -128,9 +129,10 @@ int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file, Lavoro
 
 int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz) {
     // The report is named after the joint: of two joints of one name only the last report stays.
-    std::set<std::string> nomi;
+    std::map<std::string, std::string> nomi;
     for (const std::string& f : opz.file) {
-        if (!nomi.insert(Minuscolo(NomeBase(f))).second) {
+        const auto [prima, nuovo] = nomi.emplace(Minuscolo(NomeBase(f)), PercorsoAssoluto(f));
+        if (!nuovo && prima->second != PercorsoAssoluto(f)) {
             Errore(f, "attenzione, un altro nodo ha lo stesso nome: la sua relazione è riscritta");
         }
     }
