@@ -1,0 +1,183 @@
+#include "drawing/dis.h"
+
+#include <vector>
+
+#include "base/aritmetica.h"
+#include "base/errore.h"
+#include "base/file_testo.h"
+#include "base/testo.h"
+#include "textnum/formatta.h"
+
+namespace tk07 {
+
+void ZonaStampa(std::string& riga, double x) {
+    constexpr std::size_t kZona = 14;
+    riga.append((kZona - riga.size() % kZona) % kZona, ' ');
+    riga.append(TestoGenerale(x)).append(" ");
+}
+
+namespace {
+
+// Lines of numbers in print zones.
+class Scrittore {
+  public:
+    void Riga(std::initializer_list<double> numeri) {
+        std::string r;
+        for (const double x : numeri) ZonaStampa(r, x);
+        testo.append(r).append("\n");
+    }
+    void Conteggio(std::size_t n) { Riga({static_cast<double>(n)}); }
+    std::string testo;
+};
+
+// What is wrong with the file.
+struct Guasto {
+    std::string testo;
+};
+
+class Lettore {
+  public:
+    explicit Lettore(const std::vector<std::string>& righe) : righe_(righe) {}
+
+    const std::string& Riga() {
+        if (i_ >= righe_.size()) throw Guasto{"file troncato dopo la riga " + std::to_string(i_)};
+        return righe_[i_++];
+    }
+    std::vector<double> Numeri(std::size_t quanti) {
+        std::string r = Riga();
+        std::vector<double> v;
+        for (std::size_t k = 0; k < quanti; ++k) {
+            const auto x = ValoreStretto(EstraiCampo(r));
+            if (!x) throw Guasto{"riga " + std::to_string(i_) + ": numero errato o mancante"};
+            v.push_back(*x);
+        }
+        return v;
+    }
+    // A whole number from `minimo` to `massimo`.
+    int Intero(double x, double minimo, double massimo) const {
+        if (!(x >= minimo && x <= massimo) || x != Int(x)) {
+            throw Guasto{"riga " + std::to_string(i_) + ": valore fuori dai limiti"};
+        }
+        return static_cast<int>(x);
+    }
+    int Conteggio(int massimo) { return Intero(Numeri(1)[0], 0.0, massimo); }
+    short Corto(double x) const { return static_cast<short>(Intero(x, -32768.0, 32767.0)); }
+
+  private:
+    const std::vector<std::string>& righe_;
+    std::size_t i_ = 0;
+};
+
+Disegno Leggi(const std::vector<std::string>& righe) {
+    Disegno d;
+    Lettore l(righe);
+    l.Riga();  // version
+    auto v = l.Numeri(2);
+    d.minX = v[0], d.maxX = v[1];
+    v = l.Numeri(2);
+    d.minY = v[0], d.maxY = v[1];
+    l.Riga();  // extent along z
+    const int coordinate = l.Conteggio(kMaxCoordinate);
+    for (int k = 0; k < coordinate; ++k) {
+        v = l.Numeri(2);
+        d.coordX.push_back(v[0]);
+        d.coordY.push_back(v[1]);
+    }
+    const auto indice = [&](double x) { return l.Intero(x, 0.0, coordinate - 1); };
+    for (int k = l.Conteggio(kMaxPunti); k > 0; --k) {
+        v = l.Numeri(3);
+        d.punti.push_back({indice(v[0]), l.Corto(v[1]), l.Corto(v[2])});
+    }
+    for (int k = l.Conteggio(kMaxLinee); k > 0; --k) {
+        v = l.Numeri(4);
+        d.linee.push_back({indice(v[0]), indice(v[1]), l.Corto(v[2]), l.Corto(v[3])});
+    }
+    for (int k = l.Conteggio(kMaxTesti); k > 0; --k) {
+        TestoDis t;
+        v = l.Numeri(3);
+        t.testoCoord = indice(v[0]);
+        t.testoAngolo = l.Corto(v[2]);
+        v = l.Numeri(3);
+        t.testoLargh = l.Corto(Arrotonda(v[0] * 10.0, 0));
+        t.testoAlt = l.Corto(Arrotonda(v[1] * 10.0, 0));
+        t.testoColore = l.Corto(v[2]);
+        t.testoStringa = l.Riga();
+        d.testi.push_back(std::move(t));
+    }
+    for (int k = l.Conteggio(kMaxArchi); k > 0; --k) {
+        v = l.Numeri(4);
+        ArcoDis a{indice(v[0]), indice(v[1]), indice(v[2]), indice(v[3]), 0, 0};
+        v = l.Numeri(2);
+        a.arcoColore = l.Corto(v[0]);
+        a.arcoFlag = l.Corto(v[1]);
+        d.archi.push_back(a);
+    }
+    return d;
+}
+
+}  // namespace
+
+std::string ComponiDis(const Disegno& d, int versione) {
+    Scrittore s;
+    s.testo = versione == 4 ? "                   4\n" : "                   3\n";
+    s.Riga({d.minX, d.maxX});
+    s.Riga({d.minY, d.maxY});
+    s.testo += "-10000.000000        10000.000000\n";
+    s.Conteggio(d.coordX.size());
+    for (std::size_t i = 0; i < d.coordX.size(); ++i) s.Riga({d.coordX[i], d.coordY[i], 0.0});
+    s.Conteggio(d.punti.size());
+    for (const PuntoDis& q : d.punti)
+        s.Riga({double(q.puntoCoord), double(q.puntoA), double(q.puntoB)});
+    s.Conteggio(d.linee.size());
+    for (const LineaDis& l : d.linee) {
+        s.Riga(
+            {double(l.lineaIni), double(l.lineaFin), double(l.lineaColore), double(l.lineaTipo)});
+    }
+    s.Conteggio(d.testi.size());
+    for (const TestoDis& t : d.testi) {
+        s.Riga({double(t.testoCoord), 1.0, double(t.testoAngolo)});
+        s.Riga({t.testoLargh / 10.0, t.testoAlt / 10.0, double(t.testoColore)});
+        s.testo.append(TogliCR(t.testoStringa)).append("\n");
+    }
+    s.Conteggio(d.archi.size());
+    for (const ArcoDis& a : d.archi) {
+        s.Riga({double(a.arcoCentro), double(a.arcoIni), double(a.arcoCentro2), double(a.arcoFin)});
+        s.Riga({double(a.arcoColore), double(a.arcoFlag)});
+    }
+    return std::move(s.testo);
+}
+
+bool ScriviDis(const Disegno& d, std::string_view nomeFile, int versione, const Piattaforma& p) {
+    const std::string errore = ScriviFile(nomeFile, ComponiDis(d, versione), Codifica::windows1252);
+    if (errore.empty()) return true;
+    MostraErrore(
+        p, "Errore durante la scrittura sul file\n" + PercorsoMostrato(nomeFile) + ": " + errore,
+        "ERRORE");
+    return false;
+}
+
+bool SalvaDis(Disegno& d, std::string_view nomeFile, bool silenzioso, const Piattaforma& p) {
+    LimitiDisegno(d);  // before the cleaning: what it drops still counts in the extent
+    PulisciDisegno(d);
+    const bool salvato = ScriviDis(d, nomeFile, 4, p);
+    if (salvato && !silenzioso) {
+        p.messaggio("File " + PercorsoMostrato(nomeFile) + " salvato.", "SALVA FILE DISEGNO",
+                    Segno::informazione, Pulsanti::OK);
+    }
+    return salvato;
+}
+
+bool LeggiDis(std::string_view nomeFile, Disegno& d, std::string& errore) {
+    const FileLetto f = LeggiRighe(nomeFile);
+    errore = f.errore;
+    if (!f.riuscito) return false;
+    try {
+        d = Leggi(f.righe);
+        return true;
+    } catch (const Guasto& g) {
+        errore = g.testo;
+        return false;
+    }
+}
+
+}  // namespace tk07
