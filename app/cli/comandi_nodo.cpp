@@ -81,8 +81,9 @@ void AvvisaAsteAssenti(const Sessione& s, const OpzioniImporta& opz) {
     for (const short numero : aste) {
         if (std::none_of(modello.aste.begin(), modello.aste.end(),
                          [&](const AstaStr& a) { return a.numero == numero; })) {
-            Errore(opz.file, "attenzione, l'asta " + std::to_string(numero) +
-                                 " non è nella struttura: le sue sollecitazioni non sono le sue");
+            Errore(opz.file,
+                   "attenzione, l'asta " + std::to_string(numero) +
+                       " non è nella struttura: le sollecitazioni importate sono di un'altra");
         }
     }
 }

@@ -108,10 +108,6 @@ std::string Taglia(std::string_view t) {
 std::string Minuscolo(std::string_view testo) { return Piega(testo, true); }
 std::string Maiuscolo(std::string_view testo) { return Piega(testo, false); }
 
-bool UgualeSenzaMaiuscole(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && Minuscolo(a) == Minuscolo(b);
-}
-
 bool Contiene(std::string_view testo, std::string_view cerca) {
     return testo.find(cerca) != std::string_view::npos;
 }

@@ -14,7 +14,6 @@ std::string Taglia(std::string_view testo);        // without blanks and tabs at
 std::string TagliaDestra(std::string_view testo);  // without blanks and tabs at the end
 std::string Minuscolo(std::string_view testo);
 std::string Maiuscolo(std::string_view testo);
-bool UgualeSenzaMaiuscole(std::string_view a, std::string_view b);
 bool Contiene(std::string_view testo, std::string_view cerca);
 bool FinisceCon(std::string_view testo, std::string_view fine);
 

@@ -150,8 +150,10 @@ void NervaturaS1(const Nodo& n, const GruppoS1& g, int s, int k, Risultati& ris)
         M2 = (LV / 2.0 + a1) * P + Q;
     }
     const double W = LO * LO * 2.0 * b / 6.0;
-    const double coppia =
-        M2 / NonNullo(b + sp, "distanza tra le saldature della nervatura") / (b * LO);
+    const double coppia = M2 /
+                          NonNullo(b + sp, k == 1 ? "distanza tra le saldature s12 e s12'"
+                                                  : "distanza tra le saldature s14 e s14'") /
+                          (b * LO);
     ris.S_prp1(s, O) = F / LO / b / 2.0 - M1 / W + coppia;
     ris.S_prp1(s, Op) = F / LO / b / 2.0 - M1 / W - coppia;
     ris.S_prp2(s, O) = M1 / W + F / LO / b / 2.0 + coppia;

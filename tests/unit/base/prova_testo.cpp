@@ -36,7 +36,6 @@ TEST(Testo, ReplacingSplittingAndCase) {
     EXPECT_EQ(TogliCR("a\r\nb\n"), "a b");
     EXPECT_EQ(Minuscolo("CITTÀ ÈÜ × 5"), "città èü × 5");
     EXPECT_EQ(Maiuscolo("città ÷ ß"), "CITTÀ ÷ ß");
-    EXPECT_TRUE(UgualeSenzaMaiuscole("Più", "PIÙ"));
     EXPECT_EQ(NumeroCaratteri("è € x"), 5u);
     EXPECT_EQ(PrimiCaratteri("è€x", 2), "è€");
 }

@@ -102,7 +102,7 @@ TEST_F(Verifica, EveryNullQuantityIsNamedAndLeavesTheJoint) {
         {"area delle saldature S2", SLU, [](Nodo& n) { n.spSaldS2 = 0; }},
         {"lunghezza della saldatura s12", SLU, [](Nodo& n) { n.BNerv(1) = 6.5; }},
         {"lunghezza della saldatura s14", SLU, [](Nodo& n) { n.BNerv(2) = 6.5, n.H2Nerv(2) = 30; }},
-        {"distanza tra le saldature della nervatura", SLU,
+        {"distanza tra le saldature s12 e s12'", SLU,
          [](Nodo& n) { n.SpNerv(1) = -(n.spSaldS1 / std::sqrt(2.0)); }},
         {"lunghezza della saldatura s5", SLU, [](Nodo& n) { n.SmussoNerv(3) = 72; }},
         // s5 = s7 = 81 - 129 - 8 = -56, s6 = 370 - 258 = 112: they cancel out
