@@ -202,6 +202,38 @@ Json JsonUnita(const Unita& u) {
         {"FattoreCarichiSup", u.FattoreCarichiSup}, {"DecimaliCarichiSup", u.DecimaliCarichiSup}};
 }
 
+Json JsonDisegno(const Disegno& d) {
+    Json j;
+    j["coordX"] = d.coordX;
+    j["coordY"] = d.coordY;
+    j["linee"] = Json::array();
+    for (const LineaDis& l : d.linee) {
+        j["linee"].push_back({{"lineaIni", l.lineaIni},
+                              {"lineaFin", l.lineaFin},
+                              {"lineaColore", l.lineaColore},
+                              {"lineaTipo", l.lineaTipo}});
+    }
+    j["archi"] = Json::array();
+    for (const ArcoDis& a : d.archi) {
+        j["archi"].push_back({{"arcoCentro", a.arcoCentro},
+                              {"arcoIni", a.arcoIni},
+                              {"arcoCentro2", a.arcoCentro2},
+                              {"arcoFin", a.arcoFin},
+                              {"arcoColore", a.arcoColore},
+                              {"arcoFlag", a.arcoFlag}});
+    }
+    j["testi"] = Json::array();
+    for (const TestoDis& t : d.testi) {
+        j["testi"].push_back({{"testoCoord", t.testoCoord},
+                              {"testoAngolo", t.testoAngolo},
+                              {"testoLargh", t.testoLargh},
+                              {"testoAlt", t.testoAlt},
+                              {"testoColore", t.testoColore},
+                              {"testoStringa", t.testoStringa}});
+    }
+    return j;
+}
+
 Json JsonDirettori(const Direttori& d) {
     return {{"dirRoot", d.dirRoot},       {"dirImpostazioni", d.dirImpostazioni},
             {"dirProgra", d.dirProgra},   {"dirDriver", d.dirDriver},

@@ -21,6 +21,8 @@ Json JsonOpzioni(const Opzioni& opz);
 Json JsonUnita(const Unita& u);
 Json JsonDirettori(const Direttori& d);
 Json JsonPannello(const Pannello& p);
+// The drawing store: coordinates, line elements, arcs and texts with the names of its tables.
+Json JsonDisegno(const Disegno& d);
 // One line of text; characters that are no UTF-8 are replaced.
 std::string SuRiga(const Json& j);
 

@@ -81,6 +81,28 @@ bool AvviaProgramma(const std::string& programma, const std::vector<std::string>
 #endif
 }
 
+bool EseguiProgramma(const std::string& compagno, const std::vector<std::string>& argomenti,
+                     int& uscita) {
+#ifdef _WIN32
+    (void)compagno, (void)argomenti, (void)uscita;
+    return false;
+#else
+    std::vector<std::string> testi{DirettorioProgramma("") + "/" + compagno};
+    if (!EsisteFile(testi[0])) return false;
+    testi.insert(testi.end(), argomenti.begin(), argomenti.end());
+    std::vector<char*> argv;
+    for (std::string& t : testi) argv.push_back(t.data());
+    argv.push_back(nullptr);
+    std::fflush(nullptr);
+    pid_t pid = 0;
+    if (posix_spawn(&pid, argv[0], nullptr, nullptr, argv.data(), environ) != 0) return false;
+    int stato = 0;
+    if (waitpid(pid, &stato, 0) != pid) return false;
+    uscita = WIFEXITED(stato) ? WEXITSTATUS(stato) : 70;
+    return true;
+#endif
+}
+
 Piattaforma PortaCli::Fai() {
     Piattaforma p = PiattaformaMuta();
     p.messaggio = [this](const std::string& testo, const std::string& titolo, Segno segno,

@@ -35,5 +35,9 @@ void Errore(const std::string& prefisso, const std::string& testo);
 // Starts a program of the platform; notepad.exe and EXPLORER.EXE stand for its own viewers.
 bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
                     bool attendi);
+// Runs a companion of this program with its standard streams and waits for it; false when it is
+// not there.
+bool EseguiProgramma(const std::string& compagno, const std::vector<std::string>& argomenti,
+                     int& uscita);
 
 }  // namespace tk07

@@ -139,6 +139,7 @@ struct Protocollo::Stato {
         if (cosa == "opzioni") return JsonOpzioni(s.opz);
         if (cosa == "unita") return JsonUnita(s.unita);
         if (cosa == "direttori") return JsonDirettori(s.dir);
+        if (cosa == "disegno") return JsonDisegno(s.disegno);
         throw RichiestaErrata{"lettura sconosciuta: " + cosa};
     }
 

@@ -3,74 +3,19 @@
 #include <vector>
 
 #include "base/aritmetica.h"
-#include "base/errore.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "drawing/lettore_dis.h"
+#include "drawing/scrittore_dis.h"
 #include "textnum/formatta.h"
 
 namespace tk07 {
 
-void ZonaStampa(std::string& riga, double x) {
-    constexpr std::size_t kZona = 14;
-    riga.append((kZona - riga.size() % kZona) % kZona, ' ');
-    riga.append(TestoGenerale(x)).append(" ");
-}
-
 namespace {
-
-// Lines of numbers in print zones.
-class Scrittore {
-  public:
-    void Riga(std::initializer_list<double> numeri) {
-        std::string r;
-        for (const double x : numeri) ZonaStampa(r, x);
-        testo.append(r).append("\n");
-    }
-    void Conteggio(std::size_t n) { Riga({static_cast<double>(n)}); }
-    std::string testo;
-};
-
-// What is wrong with the file.
-struct Guasto {
-    std::string testo;
-};
-
-class Lettore {
-  public:
-    explicit Lettore(const std::vector<std::string>& righe) : righe_(righe) {}
-
-    const std::string& Riga() {
-        if (i_ >= righe_.size()) throw Guasto{"file troncato dopo la riga " + std::to_string(i_)};
-        return righe_[i_++];
-    }
-    std::vector<double> Numeri(std::size_t quanti) {
-        std::string r = Riga();
-        std::vector<double> v;
-        for (std::size_t k = 0; k < quanti; ++k) {
-            const auto x = ValoreStretto(EstraiCampo(r));
-            if (!x) throw Guasto{"riga " + std::to_string(i_) + ": numero errato o mancante"};
-            v.push_back(*x);
-        }
-        return v;
-    }
-    // A whole number from `minimo` to `massimo`.
-    int Intero(double x, double minimo, double massimo) const {
-        if (!(x >= minimo && x <= massimo) || x != Int(x)) {
-            throw Guasto{"riga " + std::to_string(i_) + ": valore fuori dai limiti"};
-        }
-        return static_cast<int>(x);
-    }
-    int Conteggio(int massimo) { return Intero(Numeri(1)[0], 0.0, massimo); }
-    short Corto(double x) const { return static_cast<short>(Intero(x, -32768.0, 32767.0)); }
-
-  private:
-    const std::vector<std::string>& righe_;
-    std::size_t i_ = 0;
-};
 
 Disegno Leggi(const std::vector<std::string>& righe) {
     Disegno d;
-    Lettore l(righe);
+    LettoreDisegno l(righe);
     l.Riga();  // version
     auto v = l.Numeri(2);
     d.minX = v[0], d.maxX = v[1];
@@ -118,7 +63,7 @@ Disegno Leggi(const std::vector<std::string>& righe) {
 }  // namespace
 
 std::string ComponiDis(const Disegno& d, int versione) {
-    Scrittore s;
+    ScrittoreDisegno s;
     s.testo = versione == 4 ? "                   4\n" : "                   3\n";
     s.Riga({d.minX, d.maxX});
     s.Riga({d.minY, d.maxY});
@@ -174,7 +119,7 @@ bool LeggiDis(std::string_view nomeFile, Disegno& d, std::string& errore) {
     try {
         d = Leggi(f.righe);
         return true;
-    } catch (const Guasto& g) {
+    } catch (const GuastoDisegno& g) {
         errore = g.testo;
         return false;
     }

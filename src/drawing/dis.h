@@ -8,10 +8,6 @@
 
 namespace tk07 {
 
-// A number in a print zone of a drawing file: a leading blank when not negative, one behind.
-// `riga` is filled with blanks up to the next multiple of 14 columns first.
-void ZonaStampa(std::string& riga, double x);
-
 // The DIS file: header with version and extent, then coordinates, points, line elements, texts and
 // arcs, each behind its count; indices are zero-based. The extent is that of `d`.
 std::string ComponiDis(const Disegno& d, int versione);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <vector>
 
 #include "base/aritmetica.h"
 #include "base/file_testo.h"
@@ -136,6 +137,7 @@ class Dxf {
         Gruppo(" 0", "ENDSEC");
         Gruppo(" 0", "SECTION");
         Gruppo(" 2", "TABLES");
+        if (opz_.tipiLinea) TipiLinea();
         for (const auto& [codice, valore] : {std::pair{" 0", "TABLE"},
                                              {" 2", "LAYER"},
                                              {" 70", "1"},
@@ -148,6 +150,36 @@ class Dxf {
                                              {" 0", "ENDSEC"}}) {
             Gruppo(codice, valore);
         }
+    }
+
+    // Table of the line types that the entities name. Strokes in drawing units, full ones positive,
+    // such that a sheet at 1:10 shows 4 mm dashes.
+    void TipiLinea() {
+        struct Tipo {
+            const char *nome, *descrizione;
+            std::vector<double> tratti;
+        };
+        const std::array<Tipo, 5> tipi{{{"CONTINUOUS", "Solid line", {}},
+                                        {"CENTER", "____ _ ____ _", {120, -30, 30, -30}},
+                                        {"DASHED", "__ __ __", {40, -20}},
+                                        {"DIVIDE", "____ . . ____", {60, -20, 5, -20, 5, -20}},
+                                        {"DASHED2", "_ _ _ _", {20, -10}}}};
+        Gruppo(" 0", "TABLE");
+        Gruppo(" 2", "LTYPE");
+        Gruppo(" 70", std::to_string(tipi.size()));
+        for (const Tipo& t : tipi) {
+            double periodo = 0.0;
+            for (const double x : t.tratti) periodo += std::fabs(x);
+            Gruppo(" 0", "LTYPE");
+            Gruppo(" 2", t.nome);
+            Gruppo(" 70", "0");
+            Gruppo(" 3", t.descrizione);
+            Gruppo(" 72", "65");
+            Gruppo(" 73", std::to_string(t.tratti.size()));
+            Gruppo(" 40", periodo);
+            for (const double x : t.tratti) Gruppo(" 49", x);
+        }
+        Gruppo(" 0", "ENDTAB");
     }
 
     void Linea(const LineaDis& l) {

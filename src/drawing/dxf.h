@@ -12,6 +12,7 @@ namespace tk07 {
 struct OpzioniDxf {
     bool testoComeLinee = false;  // texts as strokes of the font
     bool monocromatico = false;   // every colour comes out as 7
+    bool tipiLinea = false;       // with a table of the line types, for strict readers
 };
 
 // The drawing as DXF text: extent with a margin of 5 %, one layer, the entities. Lengths in drawing

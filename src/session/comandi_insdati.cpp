@@ -7,6 +7,7 @@
 #include "base/testo.h"
 #include "bolting/proposte.h"
 #include "joint/controlla_dati.h"
+#include "session/disegno.h"
 #include "session/gestori.h"
 #include "session/pannello_insdati.h"
 #include "session/tabella_carichi.h"
@@ -157,6 +158,8 @@ constexpr Comando kComandi[] = {
     {"Car_Nodo", Apri, false},
     {"Bt_salva", Salva, false},
     {"Bt_salva_con_nome", SalvaConNome, false},
+    {"Gen_Dis", Gen_Dis, false},
+    {"ApriVis", ApriVis, false},
     {"VerificaButt", VerificaSessione, false},
     {"CheckMatBase", ApplicaMaterialeBase, true},
     {"AggiornaDisBull", AggiornaDisBull, false},

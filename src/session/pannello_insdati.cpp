@@ -41,6 +41,8 @@ constexpr DescrizioneControllo kControlli[] = {
     {"Car_Nodo", pulsante, "Apri", "Apre un nodo da file"},
     {"Bt_salva", pulsante, "Salva", "Salva il nodo nel direttorio del lavoro"},
     {"Bt_salva_con_nome", pulsante, "Salva con nome", "Salva il nodo con un altro nome"},
+    {"Gen_Dis", pulsante, "Genera disegno", "Scrive il disegno del nodo in un file"},
+    {"ApriVis", pulsante, "Visualizza disegno", "Aggiorna il disegno e apre il visualizzatore"},
     {"VerificaButt", pulsante, "Verifica", "Verifica il nodo e scrive la relazione di calcolo"},
     {"DefBulloni", pulsante, "Definisci bulloni", "Apre la finestra dei bulloni"},
     {"ProponiNerv", pulsante, "Proponi nervature", "Propone le dimensioni delle nervature"},

@@ -7,6 +7,7 @@
 
 #include "base/piattaforma.h"
 #include "bolting/bulloni_temp.h"
+#include "drawing/archivio.h"
 #include "drawing/font.h"
 #include "drawing/stili_grb.h"
 #include "joint/file_nodo.h"
@@ -44,6 +45,7 @@ struct Sessione {
     bool RisultatiValidi = false;  // the result record belongs to a completed verification
     RisultatoVerifica ultimaVerifica;
     NoteLettura ultimaLettura;
+    Disegno disegno;  // the drawing composed last
 
     Pannello InsDati;  // the main panel
     Pannello FormBulloni, PropMateriali, FormOpz_Cond, FormColori, Soll3D, selezione;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "session/sessione.h"
+
+namespace tk07 {
+
+// What only a build with the graphic toolkits can do. The small program leaves it empty and hands
+// such commands over to its bigger twin, so that it starts in no time.
+struct Grafica {
+    // Writes the sheet as SVG, PDF or PNG by the ending; false with the reason in `errore`.
+    bool (*esportaTavola)(const Sessione& s, const std::string& uscita,
+                          std::string& errore) = nullptr;
+};
+
+struct OpzioniDisegna {
+    std::string file, uscita;
+    bool tipiLinea = false;
+};
+
+// The joint's sheet as GRB, DIS, DXF, SVG, PDF or PNG, by the ending of the file to write.
+int ComandoDisegna(const Avvio& avvio, const OpzioniDisegna& opz, const Grafica& grafica);
+
+// Runs the twin with toolkits on the same arguments (without the program's name) and returns its
+// exit code; 2 with a message when it is not there.
+int EseguiGemello(const std::vector<std::string>& argomenti);
+// Whether the output file asks for the twin.
+bool VuoleGrafica(const std::string& uscita);
+
+}  // namespace tk07

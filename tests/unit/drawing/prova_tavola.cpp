@@ -1,0 +1,438 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <set>
+
+#include "drawing/composizione.h"
+#include "drawing/dis.h"
+#include "drawing/dxf.h"
+#include "drawing/grb.h"
+#include "drawing/profilo_dis.h"
+#include "drawing/quote.h"
+#include "drawing/viste.h"
+#include "nodi_casuali.h"
+#include "textnum/formatta.h"
+#include "verification/saldature.h"
+
+namespace tk07 {
+namespace {
+
+const Piattaforma kMuta = PiattaformaMuta();
+
+// Box of a text of the store, shrunk by a hair so that touching is no overlap.
+Ingombro RiquadroTesto(const Disegno& d, const TestoDis& t) {
+    const auto i = static_cast<std::size_t>(t.testoCoord);
+    const double w = static_cast<double>(NumeroCaratteri(t.testoStringa)) * t.testoLargh / 10.0;
+    const double h = t.testoAlt / 10.0, a = t.testoAngolo * std::acos(-1.0) / 180.0;
+    Ingombro r;
+    for (const double u : {0.01, w - 0.01}) {
+        for (const double v : {0.01, h - 0.01}) {
+            Allarga(r, d.coordX[i] + u * std::cos(a) - v * std::sin(a),
+                    d.coordY[i] + u * std::sin(a) + v * std::cos(a));
+        }
+    }
+    return r;
+}
+
+struct Tratto {
+    double x1, y1, x2, y2;
+};
+
+// Line elements, and arcs in chords of 5 degrees: a second way to look at what the store holds.
+std::vector<Tratto> Tratti(const Disegno& d) {
+    const auto X = [&](int i) { return d.coordX[static_cast<std::size_t>(i)]; };
+    const auto Y = [&](int i) { return d.coordY[static_cast<std::size_t>(i)]; };
+    std::vector<Tratto> v;
+    for (const LineaDis& l : d.linee) {
+        v.push_back({X(l.lineaIni), Y(l.lineaIni), X(l.lineaFin), Y(l.lineaFin)});
+    }
+    for (const ArcoDis& a : d.archi) {
+        const double cx = X(a.arcoCentro), cy = Y(a.arcoCentro);
+        const double r = std::hypot(X(a.arcoIni) - cx, Y(a.arcoIni) - cy);
+        const double a1 = std::atan2(Y(a.arcoIni) - cy, X(a.arcoIni) - cx);
+        double a2 = std::atan2(Y(a.arcoFin) - cy, X(a.arcoFin) - cx);
+        while (a2 <= a1 + 1e-9) a2 += 2.0 * std::acos(-1.0);
+        const int n = static_cast<int>((a2 - a1) / 0.0873) + 1;
+        for (int k = 0; k < n; ++k) {
+            const double u = a1 + (a2 - a1) * k / n, w = a1 + (a2 - a1) * (k + 1) / n;
+            v.push_back({cx + r * std::cos(u), cy + r * std::sin(u), cx + r * std::cos(w),
+                         cy + r * std::sin(w)});
+        }
+    }
+    return v;
+}
+
+// By bisection, unlike the clipping that places the labels.
+bool Attraversa(const Tratto& t, const Ingombro& r, int livello = 0) {
+    if (std::max(t.x1, t.x2) < r.xMin || std::min(t.x1, t.x2) > r.xMax ||
+        std::max(t.y1, t.y2) < r.yMin || std::min(t.y1, t.y2) > r.yMax) {
+        return false;
+    }
+    const double mx = (t.x1 + t.x2) / 2.0, my = (t.y1 + t.y2) / 2.0;
+    if (mx > r.xMin && mx < r.xMax && my > r.yMin && my < r.yMax) return true;
+    if (livello > 14) return false;
+    return Attraversa({t.x1, t.y1, mx, my}, r, livello + 1) ||
+           Attraversa({mx, my, t.x2, t.y2}, r, livello + 1);
+}
+
+int Conta(const Disegno& d, const std::string& testo) {
+    return static_cast<int>(std::count_if(d.testi.begin(), d.testi.end(), [&](const TestoDis& t) {
+        return t.testoStringa == testo;
+    }));
+}
+
+std::multiset<double> Diametri(const Figura& f) {
+    std::multiset<double> v;
+    for (const CerchioFig& c : f.cerchi) {
+        if (c.a1 == c.a2) v.insert(c.diametro);
+    }
+    return v;
+}
+
+// Numbers of the dimensions along one side of a detail, from one end to the other.
+std::vector<std::string> Catena(const Figura& f, bool orizzontale, double livello) {
+    std::map<double, std::string> v;
+    for (const QuotaFig& q : f.quote) {
+        const bool sua = orizzontale ? q.y1 == q.y2 && std::fabs(q.y1 - livello) < 40.0
+                                     : q.x1 == q.x2 && std::fabs(q.x1 - livello) < 40.0;
+        const bool lato = (q.distanza < 0.0) == orizzontale;
+        if (sua && lato) v[orizzontale ? q.x1 : q.y1] = TestoQuota(q);
+    }
+    std::vector<std::string> r;
+    for (const auto& [x, t] : v) r.push_back(t);
+    return r;
+}
+
+// Do the chain's numbers say the distances between neighbouring distinct values, to one decimal?
+testing::AssertionResult Dice(const std::vector<std::string>& catena, const std::set<double>& v) {
+    if (catena.size() + 1 != v.size()) {
+        return testing::AssertionFailure() << catena.size() << " dimensions, " << v.size();
+    }
+    auto i = v.begin();
+    for (const std::string& t : catena) {
+        const double da = *i++, numero = ValoreStretto(t).value_or(-1.0);
+        if (!(std::fabs(numero - (*i - da)) < 0.050001)) {
+            return testing::AssertionFailure() << t << " for " << *i - da;
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+class Tavola : public ::testing::Test {
+  protected:
+    static void SetUpTestSuite() { banco_ = new prova::SessioneDiProva; }
+    static void TearDownTestSuite() { delete banco_; }
+    const Sessione& s() const { return *banco_->s; }
+    static prova::SessioneDiProva* banco_;
+};
+prova::SessioneDiProva* Tavola::banco_ = nullptr;
+
+TEST_F(Tavola, RandomJointsReadWell) {
+    std::mt19937 g(2);
+
+    int massimo = 0;
+    for (int k = 0; k < 300; ++k) {
+        const Nodo n = prova::NodoCasuale(s(), g);
+        massimo = std::max<int>(massimo, n.nBull);
+        SCOPED_TRACE("nodo " + std::to_string(k) + " " + n.TraSec.Nome + " su " + n.TraPri.Nome +
+                     " bulloni " + std::to_string(n.nBull));
+        const auto figure = ComponiTavola(n, s().opz, Squadratura::si, kMuta);
+        std::map<std::string, Figura> viste;
+        for (std::size_t i = 0; i < figure.size(); ++i) {
+            viste[figure[i].nome] = figure[i].figura;
+            for (std::size_t j = 0; j < i && i + 1 < figure.size(); ++j) {
+                Ingombro a = IngombroFigura(figure[i].figura), b = IngombroFigura(figure[j].figura);
+                a.xMin += figure[i].x, a.xMax += figure[i].x;
+                a.yMin += figure[i].y, a.yMax += figure[i].y;
+                b.xMin += figure[j].x, b.xMax += figure[j].x;
+                b.yMin += figure[j].y, b.yMax += figure[j].y;
+                EXPECT_FALSE(SiToccano(a, b)) << figure[i].nome << " " << figure[j].nome;
+            }
+        }
+        EXPECT_EQ(figure[0].y, figure[1].y) << "the same levels in CC and BB";
+        EXPECT_EQ(figure[0].x, figure[2].x) << "the main beam's axis in CC and AA";
+
+        Disegno d;
+        ASSERT_TRUE(DisegnaNodo(n, s().opz, Squadratura::si, d, kMuta));
+        const std::vector<Tratto> tratti = Tratti(d);
+        std::vector<Ingombro> riquadri;
+        for (const TestoDis& t : d.testi) riquadri.push_back(RiquadroTesto(d, t));
+        int sovrapposti = 0;
+        for (std::size_t i = 0; i < riquadri.size(); ++i) {
+            for (std::size_t j = 0; j < i; ++j) sovrapposti += SiToccano(riquadri[i], riquadri[j]);
+            for (const Tratto& t : tratti) {
+                if (!Attraversa(t, riquadri[i])) continue;
+                ADD_FAILURE() << d.testi[i].testoStringa << " at " << riquadri[i].xMin << ","
+                              << riquadri[i].yMin << " crossed by " << t.x1 << "," << t.y1 << " "
+                              << t.x2 << "," << t.y2;
+            }
+        }
+        EXPECT_EQ(sovrapposti, 0);
+
+        // every bolt in BB, every hole in both details
+        std::multiset<double> bulloni, fori;
+        std::set<double> colonne{-n.BPiastra(1) / 2.0, n.BPiastra(1) / 2.0},
+            righe{0.0, n.HPiastra(1)};
+        for (int i = 1; i <= n.nBull; ++i) {
+            bulloni.insert(n.Fibull(i));
+            fori.insert(n.Fibull(i) + s().opz.ValOpz(5));
+            colonne.insert(n.Xbull(i));
+            righe.insert(n.Ybull(i));
+        }
+        std::multiset<double> inBB;
+        for (const CerchioFig& c : viste["SEZIONE BB"].cerchi) {
+            if (c.a1 == c.a2 && c.colore == s().opz.ValOpz(0)) inBB.insert(c.diametro);
+        }
+        EXPECT_EQ(inBB, bulloni);
+        for (const char* piastra : {"PIASTRA 1", "PIASTRA 2"}) {
+            EXPECT_EQ(Diametri(viste[piastra]), fori);
+        }
+        EXPECT_TRUE(Dice(Catena(viste["PIASTRA 1"], true, 0.0), colonne));
+        EXPECT_TRUE(Dice(Catena(viste["PIASTRA 1"], false, -n.BPiastra(1) / 2.0), righe));
+
+        // every weld that exists: its mark in CC, its mirror elsewhere, its row in the table
+        Risultati ris;
+        LunghezzeSaldature(n, ris);
+        for (int j = 1; j <= 15; ++j) {
+            const std::string nome = "s" + std::to_string(j);
+            const bool esiste = ris.LungSald(j - 1) > 0.0;
+            const auto& testi = viste["SEZIONE CC"].testi;
+            EXPECT_EQ(std::count_if(testi.begin(), testi.end(),
+                                    [&](const TestoFig& t) { return t.testo == nome; }),
+                      esiste)
+                << nome;
+            const bool sola = (j == 10 && !n.AttNerv(1)) || (j == 11 && !n.AttNerv(2));
+            if (j != 7 && j != 8) {
+                EXPECT_EQ(Conta(d, nome + "'") > 0, esiste && !sola) << nome;
+            }
+            EXPECT_EQ(Conta(d, nome + "/" + nome + "'"), esiste && !sola) << nome;
+        }
+        for (int i = 1; i <= 2; ++i) {
+            EXPECT_EQ(Conta(d, "PIASTRA " + std::to_string(i + 3)), n.AttNerv(i));
+        }
+        if (HasFailure()) break;
+    }
+    EXPECT_EQ(massimo, 100);
+}
+
+TEST_F(Tavola, FilesOfOneJointAgree) {
+    // DIS, GRB and DXF of the same joint; an outside reader takes the DXF.
+    const prova::Cartella c;
+    std::mt19937 g(7);
+    for (int k = 0; k < 12; ++k) {
+        const Nodo n = prova::NodoCasuale(s(), g);
+        const std::string nome = (c / ("n" + std::to_string(k))).string();
+        Disegno d, dis;
+        DisegnoGrb grb;
+        std::string errore;
+        ASSERT_TRUE(DisegnaNodo(n, s().opz, Squadratura::si, d, kMuta));
+        OpzioniDxf dxf;
+        dxf.tipiLinea = k % 2 == 1;
+        Disegno pulito = d;
+        ASSERT_TRUE(SalvaDis(pulito, nome + ".dis", true, kMuta));
+        ASSERT_TRUE(ScriviDxf(pulito, nome + ".dxf", s().font, dxf, true, kMuta));
+        ASSERT_TRUE(SalvaGrb(n, s().opz, nome + ".grb", true, kMuta));
+        ASSERT_TRUE(LeggiDis(nome + ".dis", dis, errore)) << errore;
+        ASSERT_TRUE(LeggiGrb(nome + ".grb", grb, errore)) << errore;
+
+        // What the GRB holds, its dimensions turned into measured lengths, against the DIS.
+        const auto chiave = [](const Disegno& a, int i, int j) {
+            const auto p = [&](int q) {
+                const auto u = static_cast<std::size_t>(q);
+                return std::pair{std::lround(a.coordX[u] * 1000), std::lround(a.coordY[u] * 1000)};
+            };
+            return std::pair{std::min(p(i), p(j)), std::max(p(i), p(j))};
+        };
+        std::set<std::pair<std::pair<long, long>, std::pair<long, long>>> inDis;
+        for (const LineaDis& l : dis.linee) inDis.insert(chiave(dis, l.lineaIni, l.lineaFin));
+        int mancanti = 0;
+        for (const LineaDis& l : grb.base.linee) {
+            // the cleaning of the DIS drops dashed strokes that lie on others
+            if (l.lineaTipo == 0)
+                mancanti += !inDis.count(chiave(grb.base, l.lineaIni, l.lineaFin));
+        }
+        EXPECT_EQ(mancanti, 0);
+        std::multiset<std::string> testiDis, testiGrb;
+        std::multiset<double> numeriDis, numeriGrb;
+        for (const TestoDis& t : dis.testi) {
+            const auto x = ValoreStretto(t.testoStringa);
+            x ? void(numeriDis.insert(*x)) : void(testiDis.insert(t.testoStringa));
+        }
+        for (const TestoGrb& t : grb.testi) {
+            const auto x = ValoreStretto(t.testoStringa);
+            x ? void(numeriGrb.insert(*x)) : void(testiGrb.insert(t.testoStringa));
+        }
+        for (const QuotaGrb& q : grb.quote) {
+            EXPECT_EQ(q.quotaTesto, kTestoPredefinito);
+            const auto a = static_cast<std::size_t>(q.quotaP1),
+                       b = static_cast<std::size_t>(q.quotaP2);
+            const double dx = grb.base.coordX[b] - grb.base.coordX[a];
+            const double dy = grb.base.coordY[b] - grb.base.coordY[a];
+            EXPECT_EQ(q.quotaDir, dy == 0.0 ? "H" : "V");
+            EXPECT_GT(dx + dy, 0.0) << "read from left to right or from the bottom up";
+            numeriGrb.insert(dx + dy);
+        }
+        EXPECT_EQ(testiDis, testiGrb);
+        ASSERT_EQ(numeriDis.size(), numeriGrb.size());
+        for (auto a = numeriDis.begin(), b = numeriGrb.begin(); a != numeriDis.end(); ++a, ++b) {
+            EXPECT_NEAR(*a, *b, 0.050001);
+        }
+        EXPECT_EQ(dis.archi.size(), grb.base.archi.size() + 0u);
+        for (const LineaDis& l : grb.base.linee) EXPECT_LE(l.lineaColore, 7);
+    }
+    const std::string comando = "/usr/bin/python3 " TK07_SORGENTE
+                                "/tests/validazione/leggi_dxf.py " +
+                                c.Testo() + " > " + (c / "esito").string() + " 2>&1";
+    EXPECT_EQ(std::system(comando.c_str()), 0) << prova::LeggiTesto(c / "esito");
+}
+
+TEST_F(Tavola, TextsOfTheSheet) {
+    Nodo n = s().nodo;
+    RicalcolaNervatura3(n);
+    n.nBull = 3;
+    for (int i = 1; i <= 3; ++i) n.Fibull(i) = i == 2 ? 20.0 : 16.0, n.Xbull(i) = 20.0 * i - 40.0;
+    n.numNodi = 1;
+    n.NomeNodi(1) = 12;
+    EXPECT_EQ(TitoloTavola(n), "NODO TRAVE-TRAVE CON PIASTRE: nodo 12");
+    n.numNodi = 3;
+    n.NomeNodi(2) = 7, n.NomeNodi(3) = 101;
+    n.AttNerv(1) = n.AttNerv(2) = false;
+    Disegno d;
+    ASSERT_TRUE(DisegnaNodo(n, s().opz, Squadratura::si, d, kMuta));
+    for (const char* testo :
+         {"NODO TRAVE-TRAVE CON PIASTRE: nodi 12,7,101", "SEZIONE CC", "SEZIONE BB", "SEZIONE AA",
+          "PIASTRA 3", "TABELLA SALDATURE", "Descr.", "Lungh.", "Lato", "s10", "s1/s1'",
+          "Piastre in acciaio tipo S 235 (FE 360)", "Viti classe 8.8",
+          "Lato saldature su trave sec. 10", "Lato saldature su trave princ. 10"}) {
+        EXPECT_GE(Conta(d, testo), 1) << testo;
+    }
+    // clearance of 2 mm: the holes of 16 and 20 mm bolts, in the order of the bolts
+    EXPECT_EQ(Conta(d, "fori ]18,]22"), 2);
+    EXPECT_EQ(Conta(d, "bulloni M16,M20"), 2);
+    EXPECT_EQ(Conta(d, "PIASTRA 4") + Conta(d, "PIASTRA 5") + Conta(d, "s12"), 0);
+
+    // Without plate above the secondary beam s1 keeps its mark and its row but has no strokes.
+    n.distAlaSecPiastra = 0.0;
+    Risultati ris;
+    LunghezzeSaldature(n, ris);
+    const auto tratti = [&](double dist) {
+        n.distAlaSecPiastra = dist;
+        const ContestoDis c{n, ris.LungSald, LeggiParametriDisegno(s().opz), CalcolaQuote(n),
+                            LineeSaldatura(n, ris.LungSald)};
+        const Figura f = SezioneBB(c);
+        return std::count_if(f.segmenti.begin(), f.segmenti.end(), [&](const SegmentoFig& x) {
+            // welds of the web: vertical, between the flanges
+            return x.colore == c.par.coloreSaldature && x.x1 == x.x2 &&
+                   std::fabs(std::fabs(x.y1 - x.y2) - ris.LungSald(0)) < 1e-9;
+        });
+    };
+    EXPECT_EQ(tratti(0.0), 0);
+    EXPECT_EQ(tratti(1.0), 4);
+    EXPECT_EQ(Conta(d, "s1"), 3);
+}
+
+TEST(Quota, GeometryByHand) {
+    // 30 mm long, arrows of 20: from outside. Line 50 above, read from the left.
+    QuotaFig q;
+    q.x1 = 30.0, q.distanza = 50.0;
+    q.stile.dimTerminale = 20.0;
+    QuotaEsplosa e = EsplodiQuota(q);
+    ASSERT_EQ(e.segmenti.size(), 7u);
+    const double lu = 20.0 * std::cos(std::acos(-1.0) / 12.0);
+    EXPECT_NEAR(e.segmenti[3].x2, -lu, 1e-9) << "left arrow turned outward";
+    EXPECT_NEAR(e.segmenti[4].x2, 30.0 + lu, 1e-9);
+    EXPECT_EQ(e.testo.testo, "30");
+    EXPECT_EQ(e.testo.angolo, 0);
+    EXPECT_EQ(e.segmenti[0].y1, 5.0) << "the extension line starts short of the part";
+    EXPECT_EQ(e.segmenti[0].y2, 58.0);
+    q.x1 = 40.0;  // exactly two arrows: inside
+    e = EsplodiQuota(q);
+    EXPECT_NEAR(e.segmenti[3].x2, lu, 1e-9);
+    // Vertical, given from above: turned to read from the bottom up; circles at the ends.
+    q = {};
+    q.y1 = 80.25;
+    q.stile.terminale = Terminale::cerchio;
+    e = EsplodiQuota(q);
+    EXPECT_EQ(e.testo.testo, "80.2") << "half to even on the binary value";
+    EXPECT_EQ(e.testo.angolo, 90);
+    ASSERT_EQ(e.cerchi.size(), 2u);
+    EXPECT_LT(e.cerchi[0].y, e.cerchi[1].y);
+    EXPECT_FALSE(EsplodiQuota({}).valida);
+}
+
+TEST(Quota, CrowdedTextsAreSpreadInOrder) {
+    // Least squares by hand: two of width 10 wanted at 0 and 4 part to -3 and 7 around their mean.
+    EXPECT_EQ(CentriSeparati({0, 4}, {10, 10}, 0), (std::vector<double>{-3, 7}));
+    EXPECT_EQ(CentriSeparati({0, 100, 101}, {10, 10, 10}, 2),
+              (std::vector<double>{0, 94.5, 106.5}));
+}
+
+TEST(Profilo, PreviewsAtTheSameScale) {
+    Nodo n;
+    n.TraPri = {"a", 300, 150, 7.1, 10.7, 15};
+    n.TraSec = {"b", 160, 82, 5, 7.4, 9};
+    std::array<double, 2> alto{}, raggio{};
+    std::array<Superficie, 2> d;
+    for (std::size_t k = 0; k < 2; ++k) {
+        d[k].ScaleWidth = 100, d[k].ScaleHeight = 100;
+        d[k].linea = [&alto, k](double, double y1, double, double y2) {
+            alto[k] = std::max({alto[k], y1, y2});
+        };
+        d[k].cerchio = [&raggio, k](double, double, double r, double, double) { raggio[k] += r; };
+    }
+    AnteprimeProfili(n, d[0], d[1]);
+    EXPECT_EQ(d[0].yMax, d[1].yMax);
+    EXPECT_EQ(alto, (std::array<double, 2>{150, 80}));
+    EXPECT_EQ(raggio, (std::array<double, 2>{60, 36})) << "four fillets each";
+    EXPECT_GT(d[0].yMax, 150);
+}
+
+TEST(Grb, LayoutByHand) {
+    DisegnoGrb g;
+    g.base.tipoLineaCorrente = 2;
+    DisegnaSegmento(g.base, 0, 0, 100, 0, 9, kMuta);
+    DisegnaCerchio(g.base, 50, 0, 20, 8, kMuta);
+    GrbTesto(g, "n° 1", 0, 0, 100, 40, 89.6, 1, 3, kMuta);
+    GrbQuota(g, " ", 0, 0, 100, 0, -50.5, 2, kMuta);
+    GrbQuota(g, "x", 7, 7, 7, 7, 10, 2, kMuta);  // no length: not stored
+    const std::string zero = "                   0\n";
+    EXPECT_EQ(
+        ComponiGrb(g),
+        "                   4\n                   5                   2                   0\n" +
+            zero + zero + zero + zero + zero + zero +
+            " 0             100 \n 0             20 \n 5 \n"
+            " 0             0 \n 100           0 \n 50            0 \n 60            0 \n"
+            " 50            20 \n0\n 1 \n 0             1 \n 1             2             0 \n"
+            " 1 \n 2             3             3 \n 1             0             0 \n"
+            " 1 \n 4             2             90            0             1 \nn° 1\n" +
+            zero + zero +
+            " 1 \n0                    1                   -1                  H\n"
+            " 2            -50.5 \nStringa_di_default\n0\n");
+    EXPECT_EQ(RigaCampi20("a234567890123456789012345", " b ", "", "d").size(), 62u);
+    for (const auto& [da, a] : {std::pair{0, 0}, {7, 7}, {8, 1}, {9, 1}, {-1, 1}}) {
+        EXPECT_EQ(ColoreGrb(static_cast<short>(da)), a);
+    }
+    prova::Porta porta;
+    const Piattaforma p = porta.Fai();
+    for (int k = 0; k < kMaxQuoteGrb + 5; ++k) GrbQuota(g, "", 0, 0, 1, 1, 5, 1, p);
+    EXPECT_EQ(g.quote.size(), static_cast<std::size_t>(kMaxQuoteGrb));
+    EXPECT_EQ(porta.Testi(), std::vector<std::string>{"Superato il numero massimo di quote"});
+    EXPECT_EQ(g.quote.back().quotaDir, "P");
+
+    const prova::Cartella c;
+    const std::string file = (c / "x.grb").string(), testo = ComponiGrb(g);
+    DisegnoGrb letto;
+    std::string errore;
+    for (std::size_t k = testo.find('\n'); k != std::string::npos && k + 1 < testo.size();
+         k = testo.find('\n', k + 90)) {
+        prova::ScriviTesto(file, testo.substr(0, k + 1));
+        EXPECT_FALSE(LeggiGrb(file, letto, errore)) << k;
+    }
+    EXPECT_TRUE(letto.base.coordX.empty());
+}
+
+}  // namespace
+}  // namespace tk07
