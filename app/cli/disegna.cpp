@@ -28,7 +28,7 @@ bool Scrivi(Sessione& s, const OpzioniDisegna& opz, const std::string& estension
         if (grafica.esportaTavola != nullptr && grafica.esportaTavola(s, opz.uscita, errore)) {
             return true;
         }
-        MostraErrore(p, opz.uscita + ": " + errore);
+        MostraErrore(p, errore);
         return false;
     }
     if (!DisegnaNodo(s.nodo, s.opz, Squadratura::si, s.disegno, p)) return false;

@@ -24,9 +24,9 @@ struct Genere {
     double spessore;
     const char* nome;
 };
-constexpr std::array<Genere, 6> kGeneri{{{0, 1, 0.50, "contorni"},
-                                         {1, 8, 0.35, "contorni secondari"},
-                                         {2, 3, 0.60, "saldature"},
+constexpr std::array<Genere, 6> kGeneri{{{0, 1, 0.40, "contorni"},
+                                         {1, 8, 0.25, "contorni secondari"},
+                                         {2, 3, 0.30, "saldature"},
                                          {3, 6, 0.18, "segni di sezione e assi"},
                                          {7, 2, 0.18, "quote dei dettagli"},
                                          {9, 2, 0.18, "quote, etichette e note"}}};

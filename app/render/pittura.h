@@ -27,7 +27,7 @@ struct OpzioniPittura {
     OpzioniPittura();
 };
 
-// Pen widths by kind of line: outlines 0.50, second outlines 0.35, welds 0.60, axes and dimensions
+// Pen widths by kind of line: outlines 0.40, second outlines 0.25, welds 0.30, axes and dimensions
 // 0.18, any other colour 0.25 mm. The colour of each kind comes from the option rows; without them
 // from those shipped. A colour that serves several kinds takes the width of the first.
 std::array<double, kColori> SpessoriPenne(const Opzioni& opz);

@@ -13,8 +13,8 @@ namespace tk07 {
 
 namespace {
 
-// Proportions of the standard sheets.
-constexpr double kRapportoFoglio = 1.41421356;
+// Proportions of what the standard sheets leave free above the title block.
+constexpr double kRapportoFoglio = 1.6;
 
 struct Zona {
     double x = 0.0, y = 0.0;  // upper left corner

@@ -51,12 +51,12 @@ QRectF Ingombro(const QImage& im, QRgb cerca = 0) {
 
 TEST(Pittura, StrokesStandWhereTheyShouldWithTheWidthOfTheirKind) {
     Disegno d;
-    DisegnaSegmento(d, 10, 20, 60, 20, 3, kMuta);  // weld, 0.60 mm
+    DisegnaSegmento(d, 10, 20, 60, 20, 3, kMuta);  // weld, 0.30 mm
     const QRectF q = Ingombro(Dipinto(d), qRgb(255, 0, 0));
-    EXPECT_NEAR(q.left(), 9.7, 0.11);  // round ends, half a pen beyond
-    EXPECT_NEAR(q.width(), 50.6, 0.21);
+    EXPECT_NEAR(q.left(), 9.85, 0.11);  // round ends, half a pen beyond
+    EXPECT_NEAR(q.width(), 50.3, 0.21);
     EXPECT_NEAR(q.center().y(), 20.0, 0.06);
-    EXPECT_NEAR(q.height(), 0.6, 0.11);
+    EXPECT_NEAR(q.height(), 0.3, 0.11);
 
     // Dashes of 3 mm with gaps of 1.2 on 90 mm: 21 gaps fit best, the line ends with a stroke, 22.
     Disegno t;
@@ -137,8 +137,8 @@ TEST(Pittura, EveryColourReadsOnEitherPaper) {
     for (RigaOpzione& r : opz.Righe) r.Valore = 1.0;
     opz.Righe[2].Valore = 5.0;
     const auto s = SpessoriPenne(opz);
-    EXPECT_EQ(s[1], 0.50);
-    EXPECT_EQ(s[5], 0.60);
+    EXPECT_EQ(s[1], 0.40);
+    EXPECT_EQ(s[5], 0.30);
     EXPECT_EQ(s[3], 0.25);
 }
 
