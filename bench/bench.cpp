@@ -4,9 +4,12 @@
 
 #include "aiuti/prova.h"
 #include "joint/file_nodo.h"
+#include "scene3d/assemblaggio.h"
+#include "scene3d/file_scena.h"
 #include "verification/azioni_bulloni.h"
 #include "verification/poligono.h"
 #include "verification/reports/relazione.h"
+#include "verification/saldature.h"
 #include "verification/verifica_nodo.h"
 
 namespace tk07 {
@@ -114,6 +117,22 @@ void ApriNodo501(benchmark::State& stato) {
     }
 }
 BENCHMARK(ApriNodo501)->Unit(benchmark::kMillisecond);
+
+void ScenaCompostaEScritta(benchmark::State& stato) {
+    const prova::Cartella cartella;
+    const Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), 0);
+    const Piattaforma p = PiattaformaMuta();
+    const std::string file = (cartella / "scena.tmp").string();
+    Scena s;
+    for (auto _ : stato) {
+        Risultati ris;
+        LunghezzeSaldature(nodo, ris);
+        if (!ComponiScena3D(nodo, ris.LungSald, nullptr, s, p) || !ScriviScena(s, file, p)) {
+            stato.SkipWithError("scena non scritta");
+        }
+    }
+}
+BENCHMARK(ScenaCompostaEScritta)->Arg(12)->Arg(100)->Unit(benchmark::kMillisecond);
 
 void AvvioSessione(benchmark::State& stato) {
     Avvio avvio;

@@ -2,6 +2,7 @@
 
 #include "base/file_testo.h"
 #include "joint/campi_nodo.h"
+#include "scene3d/campi_scena.h"
 
 namespace tk07 {
 
@@ -72,6 +73,35 @@ Json JsonAcciaio(const MaterialeRec& a) {
             {"Fyk80", a.Fyk80},   {"Ftk80", a.Ftk80},
             {"GammaM", a.GammaM}, {"GammaMT", a.GammaMT}};
 }
+
+// The table of the scene file's fields as JSON: "estrusi" and "sezioni" are lists, the further
+// indices of a key lists within.
+class ScenaInJson {
+  public:
+    Json j{{"visDescrizione", ""}};
+
+    template <class T, class... Indici>
+    void Campo(const char* chiave, const T& valore, Indici... indici) {
+        Posto(chiave, indici...) = valore;
+    }
+    template <class T, class... Indici>
+    void Quanti(const char* chiave, const std::vector<T>& v, int, Indici... indici) {
+        const std::string nome = chiave;
+        const std::string lista = nome.substr(0, nome.find('_'));
+        if (nome == lista + "_numero") j[lista] = Json::array();
+        Posto(chiave, indici...) = v.size();
+    }
+
+  private:
+    Json& Posto(const char* chiave) { return j[chiave]; }
+    template <class... Altri>
+    Json& Posto(const char* chiave, std::size_t i, Altri... altri) {
+        const std::string nome = chiave;
+        Json* p = &j[nome.substr(0, nome.find('_'))][i][nome];
+        ((p = &(*p)[altri]), ...);
+        return *p;
+    }
+};
 
 template <class Rec, class Fai>
 Json Tavola(const TabellaMateriali<Rec>& t, short n, Fai fai) {
@@ -232,6 +262,13 @@ Json JsonDisegno(const Disegno& d) {
                               {"testoStringa", t.testoStringa}});
     }
     return j;
+}
+
+Json JsonScena(const Scena& s) {
+    ScenaInJson v;
+    v.j["visDescrizione"] = s.visDescrizione;
+    PercorriScena(v, s);
+    return v.j;
 }
 
 Json JsonDirettori(const Direttori& d) {

@@ -19,6 +19,8 @@ Json JsonSezioni(const LibreriaProfili& lib);
 Json JsonMateriali(const Materiali& mat);
 Json JsonOpzioni(const Opzioni& opz);
 Json JsonUnita(const Unita& u);
+// The scene: header, extrusions, sections with the vertices of each contour.
+Json JsonScena(const Scena& s);
 Json JsonDirettori(const Direttori& d);
 Json JsonPannello(const Pannello& p);
 // The drawing store: coordinates, line elements, arcs and texts with the names of its tables.

@@ -138,6 +138,7 @@ struct Protocollo::Stato {
         if (cosa == "materiali") return JsonMateriali(s.mat);
         if (cosa == "opzioni") return JsonOpzioni(s.opz);
         if (cosa == "unita") return JsonUnita(s.unita);
+        if (cosa == "scena") return JsonScena(s.scena);
         if (cosa == "direttori") return JsonDirettori(s.dir);
         if (cosa == "disegno") return JsonDisegno(s.disegno);
         throw RichiestaErrata{"lettura sconosciuta: " + cosa};

@@ -11,6 +11,7 @@
 #include "cli/banco.h"
 #include "cli/comandi_cli.h"
 #include "cli/comandi_nodo.h"
+#include "cli/comandi_scena.h"
 #include "cli/disegna.h"
 #include "cli/italiano.h"
 #include "cli/porta_cli.h"
@@ -164,6 +165,12 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
                      ? EseguiGemello(tutti)
                      : ComandoDisegna(avvio, disegna, grafica);
     });
+
+    std::string uscitaScena;
+    c = comando("scena", "Scrive la scena 3D del nodo", "scena nodo.tk7 -o nodo.tmp");
+    c->add_option("FILE", file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_option("-o", uscitaScena, "File da scrivere (.tmp)")->required()->type_name("OUT");
+    c->callback([&] { codice = ComandoScena(avvio, file, uscitaScena); });
 
     c = comando("sezioni", "Elenca i profili della libreria", "sezioni --json");
     c->add_flag("--json", json, "In JSON");

@@ -261,7 +261,8 @@ FileLetto LeggiRighe(std::string_view percorso) {
     return r;
 }
 
-std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica) {
+std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
+                       [[maybe_unused]] Tenuta tenuta) {
     std::string nome = PercorsoPiattaforma(percorso);
     std::error_code ec;
     if (fs::is_symlink(nome, ec)) {  // the file behind a link is replaced, not the link
@@ -283,7 +284,9 @@ std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifi
     if (std::fwrite(dati.data(), 1, dati.size(), f) != dati.size()) errore = errno;
     if (std::fflush(f) != 0 && errore == 0) errore = errno;
 #ifndef _WIN32
-    if (errore == 0 && fsync(fileno(f)) != 0 && errno != EINVAL) errore = errno;
+    if (errore == 0 && tenuta == Tenuta::suDisco && fsync(fileno(f)) != 0 && errno != EINVAL) {
+        errore = errno;
+    }
 #endif
     if (std::fclose(f) != 0 && errore == 0) errore = errno;
     ec.clear();

@@ -44,6 +44,9 @@ enum class Codifica { windows1252, utf8 };
 // Writes to a temporary name in the same directory, flushes and renames over the old file, so that
 // a failed write leaves the old contents whole. With windows1252 a text that does not fit is
 // written as UTF-8. Returns the empty text, or the system's own message.
-std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica);
+// Files that another run can make again need not wait for the disk.
+enum class Tenuta { suDisco, provvisoria };
+std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
+                       Tenuta tenuta = Tenuta::suDisco);
 
 }  // namespace tk07

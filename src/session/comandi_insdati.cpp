@@ -11,6 +11,7 @@
 #include "session/gestori.h"
 #include "session/pannello_insdati.h"
 #include "session/tabella_carichi.h"
+#include "session/vista3d.h"
 #include "textnum/formatta.h"
 
 namespace tk07 {
@@ -124,17 +125,21 @@ void Esporta(Sessione& s) {
 void PropostaNervature(Sessione& s) {
     ProponiNerv(s.nodo);
     pnn1_aggiorna_NervaturePiastre(s);
+    AggiornaVista3D(s);
 }
 
 void PropostaPiastre(Sessione& s) {
     ProponiPias(s.nodo);
     pnn1_aggiorna_NervaturePiastre(s);
+    AggiornaVista3D(s);
 }
 
 void DefinisciBulloni(Sessione& s) {
     RicalcolaNervatura3(s.nodo);
     ApriPannello(s, kGestoreFormBulloni);
 }
+
+void ApriVista3D(Sessione& s) { Vista3D(s, LanciaVista::si, BulloniProvvisori::no); }
 
 void ApriMateriali(Sessione& s) {
     ApriPannello(s, kGestorePropMateriali);
@@ -169,6 +174,7 @@ constexpr Comando kComandi[] = {
     {"PropMatButton", ApriMateriali, false},
     {"Opz", ApriOpzioni, false},
     {"ImpS3D", ApriImportazione, false},
+    {"bt_vista3d", ApriVista3D, false},
     {"ImportaNodida3D", ImportaNodida3D, true},
     {"Bt_agg_sing_sol", AggiungiSingolo, true},
     {"RimuoviUltSoll", RimuoviUltimo, true},
@@ -207,7 +213,8 @@ void ValutaAzione(Sessione& s, const AzioneSestetto& a, int riga, double valore)
 void Valuta(Sessione& s, const NomeControllo& nome, const std::string& testo) {
     const double valore = ValoreIniziale(testo);
     const AzioneSestetto azione = CampoAzione(nome.base);
-    if (double* x = CampoGeometria(s.nodo, nome.base, nome.indice); x != nullptr) {
+    double* const x = CampoGeometria(s.nodo, nome.base, nome.indice);
+    if (x != nullptr) {
         *x = valore;
     } else if (azione.tabella != nullptr) {
         ValutaAzione(s, azione, nome.indice, valore);
@@ -216,6 +223,7 @@ void Valuta(Sessione& s, const NomeControllo& nome, const std::string& testo) {
         if (Taglia(testo) != Taglia(descrizione)) descrizione = testo;
     }
     s.RisultatiValidi = false;
+    if (x != nullptr) AggiornaVista3D(s);
     pnn1_aggiorna_NervaturePiastre(s);
     pnn1_aggiorna_BulloniSaldature(s);
     pnn1_aggiorna_sollecitazioni(s, -1);
@@ -241,6 +249,7 @@ void VoceScelta(Sessione& s, const std::string& nome, int indice) {
     if (nome == "TraveP" || nome == "TraveS") {
         (nome == "TraveP" ? n.TraPri : n.TraSec) = s.profili.Profili(indice + 1);
         pnn1_aggiorna_profili(s, 1, 1);
+        AggiornaVista3D(s);
     } else if (nome == "Cb_Acciaio") {
         // Kept on purpose: the position in the filtered list is taken as the row of the table.
         n.acciaio = s.mat.AcciaiAperte(indice + 1);
@@ -284,6 +293,7 @@ void Casella(Sessione& s, const NomeControllo& n, int valore) {
     } else {
         s.nodo.AttNerv(n.base == "CheckNervatura1" ? 1 : 2) = valore == 1;
         pnn1_aggiorna_NervaturePiastre(s);
+        AggiornaVista3D(s);
     }
 }
 
@@ -316,6 +326,7 @@ void ClicSu(Sessione& s, const NomeControllo& n) {
         s.nodo.AttNerv(k) = true;
         s.RisultatiValidi = false;
         pnn1_aggiorna_NervaturePiastre(s);
+        AggiornaVista3D(s);
     }
     Controllo& c = s.InsDati[ConIndice("GeoPias", kCampi[n.indice])];
     c.sfondo = kRosso;

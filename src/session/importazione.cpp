@@ -7,6 +7,7 @@
 #include "modelimport/risultati_analisi.h"
 #include "modelimport/sezioni_struttura.h"
 #include "session/gestori.h"
+#include "session/vista3d.h"
 
 namespace tk07 {
 
@@ -46,6 +47,7 @@ void ImportaNodida3D(Sessione& s) {
         if (righe.TraPri > 0) s.nodo.TraPri = s.profili.Profili(righe.TraPri);
         if (righe.TraSec > 0) s.nodo.TraSec = s.profili.Profili(righe.TraSec);
         pnn1_aggiorna_profili(s, 1, 1);
+        AggiornaVista3D(s);
     }
     ApriPannello(s, kGestoreSoll3D);
     PreparaSoll3D(s);

@@ -1,10 +1,12 @@
 // The bolt panel: a list of the working copy's bolts, the plan, and bulk operations on a selection.
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/testo.h"
 #include "bolting/proposte.h"
 #include "session/gestori.h"
+#include "session/vista3d.h"
 #include "textnum/formatta.h"
 
 namespace tk07 {
@@ -130,17 +132,27 @@ void ChiediRimuoviTutti(Sessione& s) {
     }
 }
 
+// The buttons that also bring the 3D view up to date. Bulk edits do nothing without bolts.
+bool CambiaVista(const std::string& c, bool vuoto) {
+    constexpr const char* kSempre[] = {"DisegnaBp",      "Rimuovi",       "RimuoviT",
+                                       "Bul_RimuoviSel", "Bul_elimDoppi", "Proponi"};
+    constexpr const char* kConBulloni[] = {"Bul_copiaX", "Bul_copiaY", "Bul_traslaX", "Bul_traslaY",
+                                           "Bul_cambiaDiam"};
+    const auto uno = [&](const char* x) { return c == x; };
+    return std::any_of(std::begin(kSempre), std::end(kSempre), uno) ||
+           (!vuoto && std::any_of(std::begin(kConBulloni), std::end(kConBulloni), uno));
+}
+
 void Premi(Sessione& s, const NomeControllo& n) {
     BulloniTemp& t = s.bulloni;
     const std::string& c = n.base;
     if (c == "MatBulOK") {
         CopiaNelNodo(t, s.nodo);
         s.RisultatiValidi = false;
-        ChiudiPannello(s, kGestoreFormBulloni);
-        return;
     }
-    if (c == "MatBulAnn") {
+    if (c == "MatBulOK" || c == "MatBulAnn") {
         ChiudiPannello(s, kGestoreFormBulloni);
+        AggiornaVista3D(s);  // the working copy is gone
         return;
     }
     const bool vuoto = t.nBullTemp < 1;
@@ -161,6 +173,7 @@ void Premi(Sessione& s, const NomeControllo& n) {
                 s.piattaforma);
     }
     if (c != "DisegnaBp") RiscriviLista(s);
+    if (CambiaVista(c, vuoto)) AggiornaVista3D(s, BulloniProvvisori::si);
 }
 
 void Campo(Sessione& s, const NomeControllo& n, const std::string& testo, int tasto) {
@@ -196,6 +209,7 @@ void DoppioClicSu(Sessione& s, const NomeControllo& n) {
     if (n.base != "Lbul") return;
     RimuoviNumero(s.bulloni, BulloneDellaRiga(s, n.indice));
     RiscriviLista(s);
+    AggiornaVista3D(s, BulloniProvvisori::si);
 }
 
 void MouseSu(Sessione& s, const NomeControllo& n, EventoMouse evento, double x, double y) {

@@ -7,6 +7,7 @@
 #include "base/testo.h"
 #include "session/gestori.h"
 #include "session/sessione.h"
+#include "session/vista3d.h"
 #include "textnum/formatta.h"
 
 namespace tk07 {
@@ -51,6 +52,7 @@ constexpr DescrizioneControllo kControlli[] = {
     {"Opz", pulsante, "Opzioni", "Apre le opzioni"},
     {"ImpS3D", pulsante, "Importa sollecitazioni 3D",
      "Importa le sollecitazioni dai risultati dell'analisi"},
+    {"bt_vista3d", pulsante, "Vista 3D", "Mostra il nodo in tre dimensioni"},
     {"ImportaNodida3D", pulsante, "Importa nodi da 3D",
      "Importa profili e sollecitazioni dal modello della struttura"},
     {"CheckMaxMin", casella, "Imp3D: solo massimi e minimi",
@@ -355,6 +357,7 @@ void AggiornaTutto(Sessione& s) {
     pnn1_aggiorna_materiali(s);
     pnn1_aggiorna_sollecitazioni(s, -1);
     pnn1_aggiorna_BulloniSaldature(s);
+    AggiornaVista3D(s);
 }
 
 void ScegliMetodo(Sessione& s, Metodo metodo) {

@@ -15,6 +15,7 @@
 #include "libraries/materiali.h"
 #include "libraries/profili.h"
 #include "options/opzioni.h"
+#include "scene3d/scena.h"
 #include "session/direttori.h"
 #include "session/pannello.h"
 #include "textnum/unita.h"
@@ -54,6 +55,7 @@ struct Sessione {
     std::string coloreInMano;       // colour label that the colour panel was opened for
     short Aggiornamento = 0;        // 1 while a refresh writes to fields: change handlers stay idle
     short Vista3dAperta = 0;        // 1 while the 3D view is to be kept in step
+    Scena scena;                    // the 3D view as it was composed last
     std::array<MaterialeRec, 2> AcciaioMemoria;  // steel last used with each method
     std::string titoloRicercaNodi;               // title of the node search tool
 

@@ -341,6 +341,20 @@ TEST(Comandi, DamagedJointFilesNeverCrashTheReader) {
     EXPECT_GE(visti.size(), 3u);  // the damage is neither always fatal nor always harmless
 }
 
+TEST(Comandi, ScenaWritesTheFormatOfItsEnding) {
+    const Riga t;
+    const std::string file = t.Esempio(kVerificato), dove = (t.cartella / "s").string();
+    EXPECT_EQ(t.Esegui("scena " + file + " -o " + dove + ".TMP").codice, 0);
+    EXPECT_EQ(prova::LeggiTesto(dove + ".TMP").rfind("ARGANOWIN [QuestoProgramma", 0), 0u);
+    for (const char* fine : {".xyz", ""}) {
+        const Uscita u = t.Esegui("scena " + file + " -o " + dove + fine);
+        EXPECT_EQ(u.codice, 2) << fine;
+        EXPECT_NE(u.errori.find("\"" + std::string(fine) + "\""), std::string::npos) << u.errori;
+    }
+    EXPECT_EQ(t.Esegui("scena " + dove + " -o " + dove + ".tmp").codice, 2);
+    EXPECT_FALSE(fs::exists(dove + ".tmp"));
+}
+
 TEST(Comandi, NumbersDoNotDependOnTheLanguage) {
     const Riga t;
     const std::string file = t.Esempio("13_w310x38.7_su_w460x60");

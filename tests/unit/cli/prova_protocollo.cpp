@@ -24,6 +24,15 @@ apri 08_hea600_su_heb900.tk7
     EXPECT_EQ(n["Xbull"].size(), n["nBull"].get<std::size_t>());
     EXPECT_EQ(n["NomeSa"].size(), n["nSollAg"].get<std::size_t>());
     EXPECT_EQ(n["BPiastra"].size(), 2u);
+    c.Recita("> {'premi':'bt_vista3d'}\n= r/programmi/0/attendi false");
+    const Json s = c.Leggi("scena"), &primo = s["estrusi"][0];
+    EXPECT_EQ(s["visual_beta"], 50);
+    EXPECT_EQ(s["estrusi"].size(), s["estrusi_numero"]);
+    EXPECT_EQ(primo["estrusi_descri"], "|oggetto=TraPri|");
+    EXPECT_EQ(primo["estrusi_coord1"], (Json{0, -900, 0}));  // HEB900
+    const Json& sezione = s["sezioni"][primo["estrusi_punse1"].get<std::size_t>()];
+    EXPECT_EQ(sezione["sezioni_descr"], "HEB900");
+    EXPECT_EQ(sezione["sezioni_YVer"][0][8], 450);
     EXPECT_EQ(c.Leggi("unita")["UnitaForze"], "daN");
     EXPECT_EQ(c.Leggi("direttori")["nomeLavoro"], "esempi");
     EXPECT_EQ(c.Leggi("opzioni")["righe"].size(), 30u);
