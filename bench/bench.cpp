@@ -3,6 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include "aiuti/prova.h"
+#include "drawing/composizione.h"
+#include "drawing/dis.h"
 #include "joint/file_nodo.h"
 #include "scene3d/assemblaggio.h"
 #include "scene3d/file_scena.h"
@@ -69,6 +71,23 @@ void Verifica(benchmark::State& stato) {
     stato.SetItemsProcessed(stato.iterations() * kSestetti);  // load sets
 }
 BENCHMARK(Verifica)->Arg(4)->Arg(8)->Arg(36)->Unit(benchmark::kMicrosecond);
+
+// The sheet composed, cleaned and written.
+void Tavola(benchmark::State& stato) {
+    const prova::Cartella c;
+    const std::string file = (c / "nodo.dis").string();
+    const Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), 1);
+    const Piattaforma p = PiattaformaMuta();
+    for (auto _ : stato) {
+        Disegno d;
+        if (!DisegnaNodo(nodo, Prova().s->opz, Squadratura::si, d, p) ||
+            !SalvaDis(d, file, true, p)) {
+            stato.SkipWithError("disegno non scritto");
+            return;
+        }
+    }
+}
+BENCHMARK(Tavola)->Arg(12)->Arg(100)->Unit(benchmark::kMillisecond);
 
 void Solutore(benchmark::State& stato) {
     const Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), 1);

@@ -192,6 +192,35 @@ TEST(Comandi, ControllaMostraAndTheLibraries) {
     PretendiUnaRiga(u, nuovo);
 }
 
+TEST(Comandi, DisegnaWritesByTheEnding) {
+    const Riga t;
+    const std::string nodo = t.Esempio(kVerificato), base = t.radice + "/tavola";
+    const auto inizio = [&](const char* estensione, std::size_t n) {
+        const Uscita u = t.Esegui("disegna " + nodo + " -o " + base + estensione);
+        EXPECT_EQ(u.codice, 0) << u.errori;
+        return prova::LeggiTesto(base + estensione).substr(0, n);
+    };
+    const std::string quattro = "                   4\n";
+    EXPECT_EQ(inizio(".dis", 22), quattro + "-");
+    EXPECT_EQ(inizio(".GRB", 28), quattro + "       ");
+    EXPECT_EQ(inizio(".dxf", 11), " 0\nSECTION\n");
+    EXPECT_EQ(prova::LeggiTesto(base + ".dxf").find("LTYPE"), std::string::npos);
+    EXPECT_EQ(t.Esegui("disegna " + nodo + " --tipi-linea -o " + base + ".dxf").codice, 0);
+    EXPECT_NE(prova::LeggiTesto(base + ".dxf").find("LTYPE\n 2\nCENTER"), std::string::npos);
+    if (fs::exists(fs::path(TK07_PROGRAMMA).parent_path() / "tk07-grafica")) {
+        EXPECT_EQ(inizio(".pdf", 5), "%PDF-");
+        EXPECT_EQ(inizio(".svg", 5), "<?xml");
+        EXPECT_EQ(inizio(".png", 4), "\x89PNG");
+        const Uscita u = t.Esegui("disegna " + nodo + " -o " + t.radice + "/manca/t.pdf");
+        EXPECT_EQ(u.codice, 2);
+        EXPECT_NE(u.errori.find("/manca/t.pdf: "), std::string::npos) << u.errori;
+    }
+    for (const char* errato : {".txt", ".dis --tipi-linea"}) {
+        EXPECT_EQ(t.Esegui("disegna " + nodo + " -o " + base + errato).codice, 2) << errato;
+    }
+    EXPECT_FALSE(fs::exists(base + ".txt"));
+}
+
 TEST(Comandi, WrongUseIs2AndHelpIs0) {
     const Riga t;
     for (const char* a : {"", "boh", "verifica", "verifica --metodo xx a.tk7", "mostra",

@@ -191,7 +191,7 @@ TEST(Esporta, SheetsAreToScaleInEveryFormat) {
     EXPECT_TRUE(svg.contains("width=\"297mm\" height=\"210mm\""));
     EXPECT_TRUE(svg.contains("viewBox=\"0 0 297 210\""));
     const auto linea = QRegularExpression(
-                           "stroke=\"#ff0000\"[^>]*stroke-width=\"0.6\"[^>]*matrix\\(1,0,0,1,0,0\\)"
+                           "stroke=\"#ff0000\"[^>]*stroke-width=\"0.3\"[^>]*matrix\\(1,0,0,1,0,0\\)"
                            "[^<]*<polyline[^>]*points=\"([0-9.]+),([0-9.]+) ([0-9.]+),([0-9.]+)")
                            .match(svg);
     ASSERT_TRUE(linea.hasMatch());
@@ -200,7 +200,7 @@ TEST(Esporta, SheetsAreToScaleInEveryFormat) {
 
     const QImage png((c / "t.png").string().c_str());
     EXPECT_EQ(png.size(), QSize(2339, 1654));  // 297 x 210 mm at 200 dpi
-    EXPECT_NEAR(Ingombro(png, qRgb(255, 0, 0)).width() * 10.0, 100.6 / 25.4 * 200.0, 1.5);
+    EXPECT_NEAR(Ingombro(png, qRgb(255, 0, 0)).width() * 10.0, 100.3 / 25.4 * 200.0, 1.5);
 
     // The PDF by an independent reader.
     std::string detto;
@@ -221,7 +221,7 @@ TEST(Esporta, SheetsAreToScaleInEveryFormat) {
     ASSERT_EQ(prova::Esegui("pdftoppm -r 508 -singlefile " + pdf + " '" + (c / "p").string() + "'"),
               0);
     const QImage pagina((c / "p.ppm").string().c_str());
-    EXPECT_NEAR(Ingombro(pagina, qRgb(255, 0, 0)).width() * 10.0 / 20.0, 100.6, 0.11);
+    EXPECT_NEAR(Ingombro(pagina, qRgb(255, 0, 0)).width() * 10.0 / 20.0, 100.3, 0.11);
 }
 
 TEST(Esporta, AFailedWriteLeavesTheFileAlone) {

@@ -5,6 +5,8 @@ namespace tk07 {
 namespace {
 
 using prova::Copione;
+using prova::LeggiTesto;
+using prova::SessioneDiProva;
 using Json = nlohmann::json;
 
 // IPE270: 270x135x6.6x10.2 r15; IPE160: 160x82x5x7.4 (mm); worked by hand.
@@ -368,6 +370,60 @@ esiste RelSLU_TK07_10_ipe220_su_ipe330.txt
     prova::ScriviTesto(v.lavoro + "v.tk7", "\"HEA300\" [ReleaseQuestoFile=0.9]\nIPE240\n77\n");
     v.Avvia("apri v.tk7\nm Profilo non trovato.\n= nodo/distAlaSecPiastra 77\n");
     EXPECT_EQ(v.Leggi("nodo")["TraSec_Nome"], "IPE240");
+}
+
+TEST(Comandi, DrawingFilesAndTheViewer) {
+    Copione c;
+    c.Avvia(R"x(
+apri 01_ipe160_su_ipe270.tk7
+> {'premi':'Gen_Dis','risposte':[null]}
+= r/dialoghi/0 {'modo':'salva','titolo':'FILE DISEGNO DA GENERARE','estensione':'grb','filtro':'File disegno (*.grb)|*.grb|File disegno (*.dis)|*.dis|AutoCAD (*.dxf)|*.dxf','direttorio':'@/lavori/esempi','nome':'@/lavori/esempi/TK7_01_ipe160_su_ipe270.grb','sovrascrittura':true,'risposta':null}
+> {'premi':'Gen_Dis','risposte':[{'file':'@/lavori/esempi/a.grb','filtro':1}]}
+m File @/lavori/esempi/a.grb salvato.
+> {'premi':'Gen_Dis','risposte':[{'file':'@/lavori/esempi/a.dis','filtro':2}]}
+m File @/lavori/esempi/a.dis salvato.
+> {'premi':'ApriVis'}
+= r/programmi/0/attendi false
+esiste tk7tmp.grb
+> {'campo':'TextSald(1)','testo':'0'}
+> {'premi':'Gen_Dis','risposte':['OK',{'file':'@/lavori/esempi/b.dxf','filtro':3}]}
+m Lato delle saldature negativo o nullo.
+m File @/lavori/esempi/b.dxf salvato.
+> {'campo':'TextSald(1)','testo':'6'}
+> {'premi':'Gen_Dis','risposte':[{'file':'@/manca/c.grb','filtro':1}]}
+m Errore durante la scrittura sul file...
+m Scrittura GRB annullata
+)x");
+    const auto inizio = [&](const std::string& f) {
+        return LeggiTesto(c.radice + "/" + f).substr(0, 22);
+    };
+    EXPECT_EQ(inizio("lavori/esempi/a.dis"), " 0\nSECTION\n 2\nHEADER\n ")
+        << "DXF text under *.dis";
+    EXPECT_EQ(inizio("lavori/esempi/a.grb"), "                   4\n ");
+    EXPECT_EQ(inizio("progra/nodo.dis"), "                   4\n-");
+    EXPECT_EQ(LeggiTesto(c.radice + "/progra/mostradis.inp"),
+              "2\n" + c.radice + "/progra/nodo.dis\n0\n0\n8000\n8000\n");
+    const auto d = c.Leggi("disegno");
+    EXPECT_GT(d["linee"].size(), 500u);
+    EXPECT_EQ(d["testi"][0].size(), 6u);
+
+    // A viewer that runs is told to reload and is not started again; one that is not there is told.
+    SessioneDiProva aperta;
+    std::vector<std::string> tasti;
+    Sessione& s = *aperta.s;
+    s.piattaforma.attivaFinestra = [&](const std::string& titolo) {
+        return titolo == "VISUALIZZAZIONE FILE DISEGNO - " + aperta.radice + "/progra/nodo.dis";
+    };
+    s.piattaforma.inviaTasti = [&](const std::string& t) { tasti.push_back(t); };
+    PremiPulsante(s, "ApriVis");
+    EXPECT_EQ(tasti, std::vector<std::string>{"^v"});
+    EXPECT_TRUE(aperta.porta.programmi.empty());
+    s.piattaforma.attivaFinestra = [](const std::string&) { return false; };
+    s.piattaforma.avvia = [](const std::string&, const std::vector<std::string>&, bool) {
+        return false;
+    };
+    PremiPulsante(s, "ApriVis");
+    EXPECT_TRUE(aperta.porta.HaDetto("Visualizzatore incompleto o mancante"));
 }
 
 TEST(Guasto, SavesTheJointAsideTellsWhereAndTouchesNoOtherSession) {
