@@ -20,6 +20,11 @@ FattoriSaldatura FattoriSLU(const std::string& nomeAcciaio) {
     return {};
 }
 
+double FdPiastra(const Nodo& n, int k) {
+    const bool sottile = n.SpPiastra(k) <= 40.0;
+    return (sottile ? n.acciaio.Fyk40 : n.acciaio.Fyk80) / n.acciaio.GammaM;
+}
+
 void CalcolaSEq(int s, Risultati& ris) {
     for (int j = 0; j < kLineeSaldatura; ++j) {
         const double P = ris.MaxS_prp(s, j);
@@ -77,11 +82,6 @@ class Slu {
     double Momento(double x) const { return Arrotonda(x * u_.FattoreMomenti, u_.DecimaliMomenti); }
     double Tensione(double x) const {
         return Arrotonda(x * u_.FattoreTensioni, u_.DecimaliTensioni);
-    }
-    // Design strength of a plate: thin up to 40 mm, both included.
-    double FdPiastra(int k) const {
-        const bool sottile = n_.SpPiastra(k) <= 40.0;
-        return (sottile ? n_.acciaio.Fyk40 : n_.acciaio.Fyk80) / n_.acciaio.GammaM;
     }
 
     void Testata() {
@@ -174,10 +174,10 @@ class Slu {
         VerificaBulloni(s, ok);
         t_.Riga();
         t_.Riga("Compressione massima sulla piastra 1");
-        Piastra(ris_.Sig(s, 0), FdPiastra(1), ok);
+        Piastra(ris_.Sig(s, 0), FdPiastra(n_, 1), ok);
         t_.Riga();
         t_.Riga("Tensione massima nella piastra 2");
-        Piastra(ris_.SigPiastra2(s, 0), FdPiastra(2), ok);
+        Piastra(ris_.SigPiastra2(s, 0), FdPiastra(n_, 2), ok);
         Saldature(s, ok);
         VerdettoSestetto(n_, s, ok, t_);
         ris_.Verificato(s, 0) = ok ? 1 : 0;

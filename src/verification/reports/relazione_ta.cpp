@@ -13,26 +13,25 @@ namespace tk07 {
 
 namespace {
 
-// Factors of the allowable stress of a fillet weld by the steel's full name: on the resultant and
-// the single components, and on |P| + |Tau_pe|. An unknown steel has none.
-struct FattoriTA {
-    bool noto = false;
-    double singola = 0.0, somma = 0.0;
-};
+constexpr double kCasoII = 1.125;
 
-FattoriTA FattoriDi(const std::string& nomeAcciaio) {
+}  // namespace
+
+FattoriTA FattoriTensAmm(const std::string& nomeAcciaio) {
     const std::string nome = Maiuscolo(nomeAcciaio);
     if (nome == "S 235 (FE 360)") return {true, 0.85, 1.0};
     if (nome == "S 275 (FE 430)" || nome == "S 355 (FE 510)") return {true, 0.7, 0.85};
     return {};
 }
 
-constexpr double kCasoII = 1.125;
+double SammPiastra(const Nodo& n, int k) {
+    return n.SpPiastra(k) <= 40.0 ? n.acciaio.Samm : n.acciaio.Samm80;
+}
 
-}  // namespace
+double FattoreCaso(const Nodo& n, int s) { return n.CasoCarico(s) != 0 ? kCasoII : 1.0; }
 
 bool VerificaSaldaturaTA(const Nodo& n, const Risultati& ris, int j, int s, double k) {
-    const FattoriTA f = FattoriDi(n.acciaio.Nome);
+    const FattoriTA f = FattoriTensAmm(n.acciaio.Nome);
     if (!f.noto) return false;
     const double P = ris.MaxS_prp(s, j), pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
     const double a = n.acciaio.Samm * k;
@@ -101,9 +100,6 @@ class Ta {
 
     double Tensione(double x) const {
         return Arrotonda(x * u_.FattoreTensioni, u_.DecimaliTensioni);
-    }
-    double SammPiastra(int k) const {
-        return n_.SpPiastra(k) <= 40.0 ? n_.acciaio.Samm : n_.acciaio.Samm80;
     }
     static const char* Esito(bool passa, bool& ok) {
         if (passa) return "SI'";
@@ -195,15 +191,15 @@ class Ta {
         TestataSestetto(n_, s, t_);
         Azioni(s);
         const bool casoII = n_.CasoCarico(s) != 0;
-        const double k = casoII ? kCasoII : 1.0;
+        const double k = FattoreCaso(n_, s);
         t_.Riga(std::string("Combinazione di carico tipo ") + (casoII ? "II" : "I"));
         VerificaBulloni(s, k, ok);
         t_.Riga();
         t_.Riga("Compressione massima sulla piastra 1");
-        Piastra(ris_.Sig(s, 0), SammPiastra(1) * k, ok);
+        Piastra(ris_.Sig(s, 0), SammPiastra(n_, 1) * k, ok);
         t_.Riga();
         t_.Riga("Tensione massima nella piastra 2");
-        Piastra(ris_.SigPiastra2(s, 0), SammPiastra(2) * k, ok);
+        Piastra(ris_.SigPiastra2(s, 0), SammPiastra(n_, 2) * k, ok);
         Saldature(s, k, ok);
         VerdettoSestetto(n_, s, ok, t_);
         ris_.Verificato(s, 0) = ok ? 1 : 0;
@@ -213,8 +209,8 @@ class Ta {
     void VerificaBulloni(int s, double k, bool& ok) {
         const double coeffBulloni = CoeffRifollamento(n_, opz_, s);
         const double SammV = n_.vite.SammVite, TauV = n_.vite.TauAmmVite;
-        const double rif1 = SammPiastra(1) * k * coeffBulloni;
-        const double rif2 = SammPiastra(2) * k * coeffBulloni;
+        const double rif1 = SammPiastra(n_, 1) * k * coeffBulloni;
+        const double rif2 = SammPiastra(n_, 2) * k * coeffBulloni;
         t_.Riga();
         t_.Riga("Verifica Bulloni");
         Valori()("S_adm viti")("T_adm viti")("SadmRifPias1")("SadmRifPias2").Chiudi(t_);
@@ -241,7 +237,7 @@ class Ta {
     void Saldature(int s, double k, bool& ok) {
         t_.Riga();
         t_.Riga("Saldature");
-        const FattoriTA f = FattoriDi(n_.acciaio.Nome);
+        const FattoriTA f = FattoriTensAmm(n_.acciaio.Nome);
         t_.Riga("S_id_adm sald\t" +
                 (f.noto ? TestoGenerale(Tensione(f.singola * n_.acciaio.Samm * k)) : "0"));
         Valori()("Descr.")("Sigma")("TauPa")("TauPe")("Ver.").Chiudi(t_);

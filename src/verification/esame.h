@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/tabella.h"
+#include "verification/riepilogo.h"
+
+namespace tk07 {
+
+// The joint judged without a word to the user and without a report: what the live view shows while
+// a value is being typed.
+struct Esame {
+    std::vector<std::string> incongruenze;  // messages of the consistency checks; then no verdict
+    std::vector<std::string> avvisi;        // spacing rules, and why a calculation stopped
+    bool calcolato = false;
+    Risultati ris;
+    Riepilogo riepilogo;
+};
+
+// Third rib, consistency checks, calculation (past breaches of the spacing rules), summary. The
+// caller hands over a copy: its third rib is recomputed. The tables of `esame` are
+// used again.
+void EsaminaNodo(Nodo& copia, const Opzioni& opz, Esame& esame);
+
+// Stress plane s(x, y) = c1 y + c2 x + c3 [daN/mm2] of load set s on the plates, tension positive;
+// nothing when there is no equilibrium.
+std::optional<Tab1<double, 1, 3>> PianoTensioni(const Nodo& nodo, int s);
+
+}  // namespace tk07
