@@ -31,10 +31,6 @@ void Errore(const std::string& prefisso, const std::string& testo) {
     std::fwrite(riga.data(), 1, riga.size(), stderr);
 }
 
-namespace {
-
-// The file to start for a program's name: as it stands in the named directory, with ".exe" or
-// without, then the companion shipped beside this program.
 std::string FileProgramma(const std::string& programma) {
     std::string senza = FinisceCon(Minuscolo(programma), ".exe")
                             ? programma.substr(0, programma.size() - 4)
@@ -47,8 +43,6 @@ std::string FileProgramma(const std::string& programma) {
     }
     return senza;
 }
-
-}  // namespace
 
 bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
                     bool attendi) {

@@ -32,6 +32,9 @@ struct PortaCli {
 std::string SuUnaRiga(const std::string& testo);
 // Prints an error line.
 void Errore(const std::string& prefisso, const std::string& testo);
+// The file to start for a program's name: as it stands in the named directory, with ".exe" or
+// without, then the companion beside this program.
+std::string FileProgramma(const std::string& programma);
 // Starts a program of the platform; notepad.exe and EXPLORER.EXE stand for its own viewers.
 bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
                     bool attendi);

@@ -30,8 +30,17 @@ EsitoStr LeggiIntestazione(LettoreStr& l, StrVecchia vecchia, const Piattaforma&
 }
 
 NodoStr LeggiNodo(LettoreStr& l) {
-    const long interno = l.Conteggio();
-    return {static_cast<int>(interno), static_cast<int>(l.Conteggio())};
+    NodoStr n;
+    std::string riga = l.Riga();
+    n.interno = static_cast<int>(l.Togli(riga));
+    n.posto = true;
+    for (double* x : {&n.x, &n.y, &n.z}) {
+        const auto valore = ValoreStretto(EstraiCampo(riga));
+        n.posto = n.posto && valore.has_value();
+        *x = valore.value_or(0.0);
+    }
+    n.numero = static_cast<int>(l.Conteggio());
+    return n;
 }
 
 AstaStr LeggiAsta(LettoreStr& l) {

@@ -89,6 +89,9 @@ std::string ListaCondizioni(int numero);
 struct NodoStr {
     int interno = 0;  // index that the members refer to
     int numero = 0;
+    // Coordinates [cm], z upwards, where the line goes on with three numbers: for drawing only.
+    bool posto = false;
+    double x = 0.0, y = 0.0, z = 0.0;
 };
 
 struct AstaStr {

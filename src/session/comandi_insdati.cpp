@@ -195,35 +195,15 @@ double FattoreAzione(const Sessione& s, const AzioneSestetto& a) {
     return a.momento ? s.unita.FattoreMomenti : s.unita.FattoreForze;
 }
 
-void ValutaAzione(Sessione& s, const AzioneSestetto& a, int riga, double valore) {
-    double& memorizzato = (s.nodo.*a.tabella)(SestettoDellaRiga(s, riga));
-    // Kept on purpose: the value as shown is compared with the stored one, unconverted.
-    if (!(std::fabs(memorizzato - valore) > 0.0001)) return;
-    const double fattore = FattoreAzione(s, a);
-    if (fattore == 0.0) {
+// TbValuta: takes the field's text into the joint.
+void Valuta(Sessione& s, const NomeControllo& nome, const std::string& testo) {
+    if (!MettiCampo(s, nome, testo, s.nodo)) {
         MostraAvviso(s.piattaforma,
                      "Unità di misura sconosciuta in parametrilavoro: il valore non può essere "
                      "convertito.");
-        return;
-    }
-    memorizzato = valore / fattore;
-}
-
-// TbValuta: takes the field's text into the joint.
-void Valuta(Sessione& s, const NomeControllo& nome, const std::string& testo) {
-    const double valore = ValoreIniziale(testo);
-    const AzioneSestetto azione = CampoAzione(nome.base);
-    double* const x = CampoGeometria(s.nodo, nome.base, nome.indice);
-    if (x != nullptr) {
-        *x = valore;
-    } else if (azione.tabella != nullptr) {
-        ValutaAzione(s, azione, nome.indice, valore);
-    } else if (nome.base == "Tb_sol_descr") {
-        std::string& descrizione = s.nodo.NomeSa(SestettoDellaRiga(s, nome.indice));
-        if (Taglia(testo) != Taglia(descrizione)) descrizione = testo;
     }
     s.RisultatiValidi = false;
-    if (x != nullptr) AggiornaVista3D(s);
+    if (CampoGeometria(s.nodo, nome.base, nome.indice) != nullptr) AggiornaVista3D(s);
     pnn1_aggiorna_NervaturePiastre(s);
     pnn1_aggiorna_BulloniSaldature(s);
     pnn1_aggiorna_sollecitazioni(s, -1);
@@ -358,6 +338,28 @@ void TimerScattato(Sessione& s, const std::string& nome) {
 void Voce(Sessione& s, const NomeControllo& n, int indice) { VoceScelta(s, n.base, indice); }
 
 }  // namespace
+
+bool MettiCampo(const Sessione& s, const NomeControllo& nome, const std::string& testo, Nodo& n) {
+    const double valore = ValoreIniziale(testo);
+    if (double* x = CampoGeometria(n, nome.base, nome.indice); x != nullptr) {
+        *x = valore;
+        return true;
+    }
+    if (nome.base == "Tb_sol_descr") {
+        std::string& descrizione = n.NomeSa(SestettoDellaRiga(s, nome.indice));
+        if (Taglia(testo) != Taglia(descrizione)) descrizione = testo;
+        return true;
+    }
+    const AzioneSestetto a = CampoAzione(nome.base);
+    if (a.tabella == nullptr) return true;
+    double& memorizzato = (n.*a.tabella)(SestettoDellaRiga(s, nome.indice));
+    // Kept on purpose: the value as shown is compared with the stored one, unconverted.
+    if (!(std::fabs(memorizzato - valore) > 0.0001)) return true;
+    const double fattore = FattoreAzione(s, a);
+    if (fattore == 0.0) return false;
+    memorizzato = valore / fattore;
+    return true;
+}
 
 const GestorePannello kGestoreInsDati = {
     .nome = "InsDati",

@@ -1,0 +1,438 @@
+#include "desktop/finestra_principale.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "base/file_testo.h"
+#include "base/testo.h"
+#include "desktop/finestra_recupero.h"
+#include "desktop/pagina_riepilogo.h"
+#include "desktop/pannello_secondario.h"
+#include "desktop/pianta_bulloni.h"
+#include "desktop/pilota.h"
+#include "desktop/schizzi.h"
+#include "desktop/tabella_piena.h"
+#include "desktop/tavole.h"
+#include "desktop/testo_qt.h"
+#include "desktop/vista_nodo.h"
+#include "desktop/vista_relazione.h"
+
+namespace tk07 {
+
+FinestraPrincipale::FinestraPrincipale(Pilota& pilota)
+    : pilota_(pilota), legame_(new Legame(pilota, "InsDati", this)) {
+    setObjectName(QStringLiteral("InsDati"));
+    recenti_ = std::make_unique<Recenti>(pilota.LaSessione().dir.dirTemp + "\\TK07_recenti.txt");
+    ComponiBarra();
+    auto* diviso = new QSplitter(Qt::Horizontal, this);
+    diviso->setObjectName(QStringLiteral("Diviso"));
+    diviso->addWidget(ComponiSinistra());
+    diviso->addWidget(ComponiDestra());
+    diviso->setStretchFactor(0, 0);
+    diviso->setStretchFactor(1, 1);
+    diviso->setCollapsible(0, false);
+    diviso->setCollapsible(1, false);
+    diviso->setSizes({592, 688});
+    setCentralWidget(diviso);
+    ComponiMenu();
+    legame_->AgganciaTimer();
+    // A label without a place: hidden from start-up on.
+    if (QWidget* w = legame_->Crea("betatest_c", this)) statusBar()->addPermanentWidget(w);
+
+    connect(&pilota_, &Pilota::cambiato, this, &FinestraPrincipale::Aggiorna);
+    connect(&pilota_, &Pilota::mosso, this, [this] {
+        legame_->Aggiorna();
+        AllineaPannelli();
+    });
+    connect(&pilota_, &Pilota::anteprimaCambiata, this, &FinestraPrincipale::AggiornaDisegno);
+    connect(&pilota_, &Pilota::campoInManoCambiato, this,
+            [this] { vista_->CampoInMano(pilota_.CampoInMano()); });
+    connect(&pilota_, &Pilota::avviso, this,
+            [this](const QString& testo) { statusBar()->showMessage(testo, 15000); });
+    connect(riepilogo_, &PaginaRiepilogo::sceltaCambiata, this,
+            &FinestraPrincipale::AggiornaColori);
+    connect(riepilogo_, &PaginaRiepilogo::vaiAllaParte, this, &FinestraPrincipale::VaiAllaParte);
+    connect(riepilogo_, &PaginaRiepilogo::vaiAllaRelazione, this, [this](const QString& nome) {
+        if (relazione_->VaiAlSestetto(nome)) {
+            destra_->setCurrentWidget(relazione_);
+        } else {
+            statusBar()->showMessage(QStringLiteral("Il sestetto non è nella relazione: premere "
+                                                    "Verifica per scriverla"),
+                                     8000);
+        }
+    });
+    connect(vista_, &VistaNodo::parteScelta, this, &FinestraPrincipale::VaiAlCampo);
+    connect(vista_, &VistaNodo::bulloneScelto, this, [this](int numero) {
+        schede_->setCurrentIndex(2);
+        vista_->Evidenzia(Parte::bullone, numero);
+    });
+    Aggiorna();
+    AggiornaDisegno();
+    resize(1280, 800);
+}
+
+FinestraPrincipale::~FinestraPrincipale() = default;
+
+void FinestraPrincipale::ComponiBarra() {
+    auto* barra = addToolBar(QStringLiteral("Comandi"));
+    barra->setObjectName(QStringLiteral("Comandi"));
+    barra->setMovable(false);
+    barra->setContextMenuPolicy(Qt::PreventContextMenu);
+    for (const char* nome : BarraComandi()) {
+        if (QWidget* w = legame_->Crea(nome, barra)) barra->addWidget(w);
+    }
+}
+
+void FinestraPrincipale::ComponiMenu() {
+    const auto premi = [this](QMenu* menu, const char* nome, const QString& testo,
+                              const QKeySequence& tasti) {
+        if (!pilota_.LaSessione().InsDati.Ha(nome)) return;
+        QAction* a = menu->addAction(testo);
+        a->setShortcut(tasti);
+        connect(a, &QAction::triggered, this, [this, nome] {
+            if (auto* b = qobject_cast<QPushButton*>(legame_->Elemento(nome))) b->click();
+        });
+    };
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    premi(file, "Car_Nodo", QStringLiteral("&Apri..."), QKeySequence::Open);
+    menuRecenti_ = file->addMenu(QStringLiteral("Apri &recente"));
+    premi(file, "Bt_salva", QStringLiteral("&Salva"), QKeySequence::Save);
+    premi(file, "Bt_salva_con_nome", QStringLiteral("Salva &con nome..."),
+          QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+    file->addSeparator();
+    QAction* recupera = file->addAction(QStringLiteral("Rec&upera..."));
+    recupera->setObjectName(QStringLiteral("AzioneRecupera"));
+    connect(recupera, &QAction::triggered, this, [this] {
+        pilota_.CopiaOra();
+        FinestraRecupero(pilota_, this).exec();
+    });
+    file->addSeparator();
+    premi(file, "Chiudi", QStringLiteral("C&hiudi"), QKeySequence::Quit);
+
+    QMenu* modifica = menuBar()->addMenu(QStringLiteral("&Modifica"));
+    annulla_ = modifica->addAction(QStringLiteral("&Annulla"));
+    annulla_->setObjectName(QStringLiteral("AzioneAnnulla"));
+    annulla_->setShortcut(QKeySequence::Undo);
+    connect(annulla_, &QAction::triggered, &pilota_, &Pilota::Annulla);
+    ripeti_ = modifica->addAction(QStringLiteral("&Ripeti"));
+    ripeti_->setObjectName(QStringLiteral("AzioneRipeti"));
+    ripeti_->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Y")), QKeySequence::Redo});
+    connect(ripeti_, &QAction::triggered, &pilota_, &Pilota::Ripeti);
+    modifica->addSeparator();
+    connect(modifica->addAction(QStringLiteral("&Copia sollecitazioni")), &QAction::triggered, this,
+            [this] { tabella_->Copia(); });
+    connect(modifica->addAction(QStringLiteral("&Incolla sollecitazioni")), &QAction::triggered,
+            this, [this] { tabella_->Incolla(); });
+
+    QMenu* verifica = menuBar()->addMenu(QStringLiteral("&Verifica"));
+    premi(verifica, "VerificaButt", QStringLiteral("&Verifica"), QKeySequence(Qt::Key_F5));
+    connect(verifica->addAction(QStringLiteral("Mostra la &relazione")), &QAction::triggered, this,
+            [this] { destra_->setCurrentWidget(relazione_); });
+    premi(verifica, "Opz", QStringLiteral("&Opzioni..."), {});
+
+    QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
+    premi(aiuto, "LegendaButt", QStringLiteral("&Guida"), QKeySequence::HelpContents);
+}
+
+// Column heads of a group's grid.
+void FinestraPrincipale::Intesta(QWidget* gruppo, int riga,
+                                 const std::vector<std::pair<int, const char*>>& testi) {
+    auto* griglia = qobject_cast<QGridLayout*>(gruppo->layout());
+    for (const auto& [colonna, testo] : testi) {
+        auto* l = new QLabel(QString::fromUtf8(testo), gruppo);
+        l->setAlignment(Qt::AlignCenter);
+        griglia->addWidget(l, riga, colonna);
+    }
+}
+
+QWidget* FinestraPrincipale::ComponiSinistra() {
+    schede_ = new QTabWidget(this);
+    std::vector<QWidget*> gruppi;
+    QVBoxLayout* colonne[4] = {};
+    int k = 0;
+    for (const PaginaTavola& pagina : PagineInsDati()) {
+        auto* area = new QScrollArea(schede_);
+        area->setWidgetResizable(true);
+        area->setFrameShape(QFrame::NoFrame);
+        auto* foglio = new QWidget(area);
+        auto* colonna = new QVBoxLayout(foglio);
+        colonne[k++] = colonna;
+        for (const GruppoTavola& g : pagina.gruppi) {
+            gruppi.push_back(legame_->CreaGruppo(g, foglio));
+            colonna->addWidget(gruppi.back());
+        }
+        area->setWidget(foglio);
+        schede_->addTab(area, QString::fromUtf8(pagina.titolo));
+    }
+    legame_->Aggancia("SSTab", schede_);
+    schede_->setMinimumWidth(592);
+
+    // Profiles: sketches beside the measures, heads over them.
+    QWidget* profili = gruppi[0];
+    auto* g0 = qobject_cast<QGridLayout*>(profili->layout());
+    for (const int riga : {0, 2}) {
+        Intesta(profili, riga, {{2, "H"}, {3, "B"}, {4, "tw"}, {5, "tf"}, {6, "r"}});
+    }
+    for (int i = 0; i < 2; ++i) {
+        sezioni_[i] = new SchizzoSezione(profili);
+        legame_->Aggancia(i == 0 ? "DisPri" : "DisSec", sezioni_[i]);
+        g0->addWidget(sezioni_[i], 2 * i, 7, 2, 1);
+        for (int j = 0; j < 5; ++j) {
+            if (auto* l = qobject_cast<QLabel*>(
+                    legame_->Elemento(ConIndice(i == 0 ? "geomp" : "geoms", j)))) {
+                l->setAlignment(Qt::AlignCenter);
+                l->setMinimumWidth(40);
+            }
+        }
+    }
+    Intesta(gruppi[3], 0, {{1, "Larghezza B"}, {2, "Altezza H"}, {3, "Spessore"}});
+    if (auto* l = qobject_cast<QLabel*>(legame_->Elemento("GeoPias1"))) {
+        l->setAlignment(Qt::AlignCenter);
+    }
+    Intesta(gruppi[4], 0, {{1, "h1"}, {2, "h2"}, {3, "b"}, {4, "Spessore"}});
+    Intesta(gruppi[4], 3, {{0, "Nervatura 3"}});
+    colonne[0]->addStretch(1);
+    colonne[1]->addStretch(1);
+
+    schema_ = new PiantaBulloni(pilota_, PiantaBulloni::Fonte::nodo, this);
+    legame_->Aggancia("DisBulloni", schema_);
+    colonne[2]->addWidget(schema_, 1);
+
+    // Load window: heads, scroll bar, then the whole table and the picture of the signs.
+    QWidget* carichi = gruppi[8];
+    Intesta(carichi, 0,
+            {{0, "N."},
+             {1, "Descrizione"},
+             {2, "N"},
+             {3, "Ty"},
+             {4, "Tz"},
+             {5, "Mt"},
+             {6, "My"},
+             {7, "Mz"}});
+    auto* g8 = qobject_cast<QGridLayout*>(carichi->layout());
+    if (QWidget* barra = legame_->Crea("VScrollSoll", carichi)) g8->addWidget(barra, 1, 9, 5, 1);
+    g8->setColumnStretch(1, 3);
+    for (int c = 2; c <= 7; ++c) g8->setColumnStretch(c, 1);
+    g8->setColumnMinimumWidth(1, 120);
+    for (int r = 1; r <= 5; ++r) g8->setRowMinimumHeight(r, fontMetrics().height() + 12);
+    tabella_ = new TabellaPiena(pilota_, this);
+    tabella_->setMinimumHeight(140);
+    colonne[3]->addWidget(tabella_, 1);
+    colonne[3]->addWidget(new SchemaAzioni(this));
+    return schede_;
+}
+
+QWidget* FinestraPrincipale::ComponiDestra() {
+    destra_ = new QTabWidget(this);
+    destra_->setObjectName(QStringLiteral("Destra"));
+    auto* foglio = new QWidget(destra_);
+    auto* colonna = new QVBoxLayout(foglio);
+    colonna->setContentsMargins(0, 0, 0, 0);
+    // The clickable names of the parts, white on a dark strip.
+    auto* striscia = new QFrame(foglio);
+    striscia->setAutoFillBackground(true);
+    QPalette p = striscia->palette();
+    p.setColor(QPalette::Window, QColor(58, 72, 92));
+    striscia->setPalette(p);
+    auto* riga = new QHBoxLayout(striscia);
+    riga->setContentsMargins(8, 3, 8, 3);
+    for (int i = 0; i < 5; ++i) {
+        if (QWidget* w = legame_->Crea(ConIndice("LabPiastre", i), striscia)) riga->addWidget(w);
+    }
+    riga->addStretch(1);
+    legame_->Aggancia("Picture2", striscia);
+    colonna->addWidget(striscia);
+    auto* diviso = new QSplitter(Qt::Vertical, foglio);
+    vista_ = new VistaNodo(diviso);
+    riepilogo_ = new PaginaRiepilogo(pilota_, diviso);
+    riepilogo_->setMinimumHeight(110);
+    diviso->addWidget(vista_);
+    diviso->addWidget(riepilogo_);
+    diviso->setStretchFactor(0, 3);
+    diviso->setStretchFactor(1, 1);
+    diviso->setChildrenCollapsible(false);
+    diviso->setSizes({520, 200});
+    colonna->addWidget(diviso, 1);
+    destra_->addTab(foglio, QStringLiteral("Disegno e riepilogo"));
+    relazione_ = new VistaRelazione(destra_);
+    destra_->addTab(relazione_, QStringLiteral("Relazione"));
+    return destra_;
+}
+
+void FinestraPrincipale::MostraRelazione(const QString& percorso) {
+    if (!relazione_->Apri(percorso)) {
+        statusBar()->showMessage(QStringLiteral("Relazione non leggibile: ") + percorso, 15000);
+    } else {
+        statusBar()->showMessage(QStringLiteral("Relazione scritta in ") + percorso, 15000);
+    }
+}
+
+void FinestraPrincipale::Aggiorna() {
+    const Sessione& s = pilota_.LaSessione();
+    setWindowTitle(Q(s.InsDati.titolo));
+    legame_->Aggiorna();
+    sezioni_[0]->Mostra(s.nodo.TraPri);
+    sezioni_[1]->Mostra(s.nodo.TraSec);
+    schema_->update();
+    tabella_->Aggiorna();
+    AllineaPannelli();
+    AggiornaMenu();
+    relazione_->ImpostaSuperata(pilota_.Superati());
+}
+
+void FinestraPrincipale::AggiornaDisegno() {
+    vista_->Mostra(pilota_.NodoMostrato(), pilota_.LaSessione().opz.ValOpz(kOpzTollForo));
+    riepilogo_->Aggiorna();
+    if (schede_->currentIndex() == 2) schema_->update();
+}
+
+void FinestraPrincipale::AggiornaColori() {
+    const RigaRiepilogo* r = riepilogo_->Scelta();
+    const bool superati = pilota_.Superati() && !pilota_.DalVivo();
+    vista_->ImpostaSuperati(superati);
+    if (r == nullptr) {
+        vista_->Colora(std::nullopt, {}, std::nullopt);
+        return;
+    }
+    const Nodo& n = pilota_.NodoDelRiepilogo();
+    // The bolts of an older verification may be others than those drawn.
+    RapportiElementi rapporti = r->elementi;
+    if (superati) {
+        rapporti.bulloni.resize(static_cast<std::size_t>(pilota_.NodoMostrato().nBull) + 1, -1.0);
+    }
+    vista_->Colora(rapporti,
+                   QString::number(r->sestetto + 1) + QStringLiteral(". ") +
+                       Q(Taglia(TogliCR(n.NomeSa(r->sestetto)))),
+                   superati ? std::nullopt : PianoTensioni(n, r->sestetto));
+}
+
+// Windows of the secondary panels follow the session's stack.
+void FinestraPrincipale::AllineaPannelli() {
+    const Sessione& s = pilota_.LaSessione();
+    for (auto it = secondari_.begin(); it != secondari_.end();) {
+        const bool aperto = std::find(s.pila.begin(), s.pila.end(), it->first) != s.pila.end();
+        if (aperto) {
+            it->second->Aggiorna();
+            ++it;
+            continue;
+        }
+        it->second->hide();
+        it->second->deleteLater();
+        it = secondari_.erase(it);
+    }
+    QWidget* sopra = this;
+    for (const std::string& nome : s.pila) {
+        if (nome == "InsDati") continue;
+        PannelloSecondario*& w = secondari_[nome];
+        if (w == nullptr) {
+            w = new PannelloSecondario(pilota_, nome, sopra);
+            w->show();
+        }
+        sopra = w;
+    }
+}
+
+PannelloSecondario* FinestraPrincipale::Secondario(const std::string& nome) const {
+    const auto it = secondari_.find(nome);
+    return it == secondari_.end() ? nullptr : it->second;
+}
+
+void FinestraPrincipale::AggiornaMenu() {
+    const Storia& storia = pilota_.LaStoria();
+    const auto testo = [](const char* verbo, const std::string& cosa) {
+        return QString::fromUtf8(verbo) +
+               (cosa.empty() ? QString() : QStringLiteral(" - ") + Q(cosa));
+    };
+    annulla_->setEnabled(storia.PuoAnnullare());
+    annulla_->setText(testo("&Annulla", storia.CosaAnnulla()));
+    ripeti_->setEnabled(storia.PuoRipetere());
+    ripeti_->setText(testo("&Ripeti", storia.CosaRipete()));
+
+    const Sessione& s = pilota_.LaSessione();
+    // Where the joint's file lies: chosen in a dialog, else in the job's directory.
+    const std::string lavoro = s.dir.dirLavoro + "\\" + s.nomeFile + ".tk7";
+    const bool scelto = NomeBase(pilota_.UltimoFile()) == s.nomeFile;
+    const std::string corrente = scelto ? pilota_.UltimoFile() : lavoro;
+    if (corrente == recente_) return;
+    if (EsisteFile(corrente)) {
+        recenti_->Aggiungi(corrente);
+        recente_ = corrente;
+    }
+    menuRecenti_->clear();
+    for (const std::string& file : recenti_->Elenco()) {
+        QAction* a = menuRecenti_->addAction(Q(file));
+        connect(a, &QAction::triggered, this, [this, file] {
+            pilota_.Fai(QStringLiteral("Apri ") + Q(NomeBase(file)), [&] {
+                EseguiComando(pilota_.LaSessione(), [&] { ApriNodo(pilota_.LaSessione(), file); });
+            });
+        });
+    }
+    menuRecenti_->setEnabled(!recenti_->Elenco().empty());
+}
+
+void FinestraPrincipale::VaiAlCampo(const std::string& campo) {
+    QWidget* w = legame_->Elemento(campo);
+    if (w == nullptr) return;
+    for (int i = 0; i < schede_->count(); ++i) {
+        if (schede_->widget(i)->isAncestorOf(w)) schede_->setCurrentIndex(i);
+    }
+    if (!w->isEnabled()) {  // a rib that is off: its switch
+        const int i = DividiNome(campo).indice;
+        if (QWidget* casella = legame_->Elemento(i <= 9 ? "CheckNervatura1" : "CheckNervatura2")) {
+            casella->setFocus();
+        }
+        return;
+    }
+    w->setFocus(Qt::OtherFocusReason);
+    if (auto* e = qobject_cast<QLineEdit*>(w)) {
+        e->selectAll();
+    } else {
+        vista_->CampoInMano(campo);
+    }
+}
+
+void FinestraPrincipale::VaiAllaParte(int famiglia, const QString& elemento) {
+    destra_->setCurrentIndex(0);
+    switch (static_cast<Famiglia>(famiglia)) {
+        case Famiglia::piastra1:
+            return VaiAlCampo("GeoPias(2)");
+        case Famiglia::piastra2:
+            return VaiAlCampo("GeoPias(5)");
+        case Famiglia::bulloni:
+            schede_->setCurrentIndex(2);
+            vista_->CampoInMano({});
+            vista_->Evidenzia(Parte::bullone, elemento.section(QLatin1Char(' '), -1).toInt());
+            return;
+        case Famiglia::saldatureS1:
+        case Famiglia::saldatureS2:
+            break;
+    }
+    VaiAlCampo(static_cast<Famiglia>(famiglia) == Famiglia::saldatureS1 ? "TextSald(0)"
+                                                                        : "TextSald(1)");
+    QString linea = elemento.section(QLatin1Char(' '), -1).mid(1);  // "s4'" is line 4's mirror
+    const bool specchio = linea.endsWith(QLatin1Char('\''));
+    if (specchio) linea.chop(1);
+    vista_->Evidenzia(Parte::saldatura, linea.toInt() - 1 + (specchio ? 15 : 0));
+}
+
+void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
+    Sessione& s = pilota_.LaSessione();
+    if (!s.fine) pilota_.Fai({}, [&] { PremiPulsante(s, "Chiudi", "InsDati"); });
+    evento->accept();
+}
+
+}  // namespace tk07

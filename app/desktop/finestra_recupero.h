@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDialog>
+
+#include "session/recupero.h"
+
+class QTableWidget;
+
+namespace tk07 {
+
+class Pilota;
+
+// The automatic copies with date and content; the user opens one, deletes some, or leaves them.
+class FinestraRecupero : public QDialog {
+    Q_OBJECT
+
+  public:
+    FinestraRecupero(Pilota& pilota, QWidget* padre);
+    QTableWidget* Tabella() const { return tabella_; }
+
+  public Q_SLOTS:
+    void Recupera();
+    void Elimina();
+
+  private:
+    void Riempi();
+    Pilota& pilota_;
+    QTableWidget* tabella_;
+    std::vector<CopiaTrovata> copie_;
+};
+
+}  // namespace tk07

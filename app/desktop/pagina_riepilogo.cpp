@@ -1,0 +1,265 @@
+#include "desktop/pagina_riepilogo.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPainter>
+#include <QPushButton>
+#include <QSortFilterProxyModel>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "base/testo.h"
+#include "desktop/pilota.h"
+#include "desktop/testo_qt.h"
+#include "desktop/vista_nodo.h"
+
+namespace tk07 {
+
+namespace {
+
+// The ratio as a bar with its number: colour is never the only sign.
+class BarraRapporto : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* p, const QStyleOptionViewItem& opzione,
+               const QModelIndex& indice) const override {
+        QStyleOptionViewItem o = opzione;
+        initStyleOption(&o, indice);
+        o.text.clear();
+        QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &o, p, o.widget);
+        const double r = indice.data(ModelloRiepilogo::kValore).toDouble();
+        constexpr double kPieno = 1.25;  // ratio at the end of the bar
+        const QRectF barra = QRectF(opzione.rect).adjusted(4, 4, -52, -4);
+        p->save();
+        p->setPen(Qt::NoPen);
+        p->setBrush(ColoreRapporto(r));
+        const double parte = std::clamp(std::isfinite(r) ? r / kPieno : 1.0, 0.0, 1.0);
+        p->drawRect(QRectF(barra.left(), barra.top(), barra.width() * parte, barra.height()));
+        const double uno = barra.left() + barra.width() / kPieno;
+        const bool scelta = (opzione.state & QStyle::State_Selected) != 0;
+        const QColor testo =
+            opzione.palette.color(scelta ? QPalette::HighlightedText : QPalette::Text);
+        p->setPen(QPen(testo, 1.0, Qt::DotLine));
+        p->drawLine(QPointF(uno, opzione.rect.top() + 2.0),
+                    QPointF(uno, opzione.rect.bottom() - 1.0));
+        p->setPen(testo);
+        p->drawText(QRectF(opzione.rect).adjusted(0, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter,
+                    TestoRapporto(r) + (r > 1.0 ? QStringLiteral(" ✗") : QStringLiteral(" ✓")));
+        p->restore();
+    }
+};
+
+}  // namespace
+
+void ModelloRiepilogo::Metti(const Riepilogo& riepilogo, const Nodo& nodo) {
+    const bool stesse = riepilogo.righe.size() == righe_.size();
+    if (!stesse) beginResetModel();
+    righe_ = riepilogo.righe;
+    nomi_.clear();
+    for (const RigaRiepilogo& r : righe_) {
+        nomi_.push_back(Q(Taglia(TogliCR(nodo.NomeSa(r.sestetto)))));
+    }
+    if (!stesse) {
+        endResetModel();
+    } else if (!righe_.empty()) {
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    }
+}
+
+const RigaRiepilogo* ModelloRiepilogo::Riga(int riga) const {
+    return riga >= 0 && riga < rowCount() ? &righe_[static_cast<std::size_t>(riga)] : nullptr;
+}
+
+int ModelloRiepilogo::rowCount(const QModelIndex& padre) const {
+    return padre.isValid() ? 0 : static_cast<int>(righe_.size());
+}
+
+int ModelloRiepilogo::columnCount(const QModelIndex&) const { return kPrimaFamiglia + kFamiglie; }
+
+QVariant ModelloRiepilogo::data(const QModelIndex& indice, int ruolo) const {
+    const RigaRiepilogo* r = Riga(indice.row());
+    if (r == nullptr) return {};
+    const int c = indice.column();
+    const double rapporto = c >= kPrimaFamiglia
+                                ? r->famiglie[static_cast<std::size_t>(c - kPrimaFamiglia)].rapporto
+                                : r->Rapporto();
+    if (ruolo == kValore) return rapporto;
+    if (ruolo == kOrdine) {
+        if (c == kNumero) return r->sestetto;
+        if (c == kNome) return nomi_[static_cast<std::size_t>(indice.row())];
+        if (c == kGoverna) return Q(r->Governante().elemento);
+        return rapporto;
+    }
+    if (ruolo == Qt::TextAlignmentRole && c >= kPrimaFamiglia) {
+        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    if (ruolo == Qt::ForegroundRole && c >= kPrimaFamiglia && rapporto > 1.0) {
+        return ColoreRapporto(rapporto);
+    }
+    if (ruolo == Qt::FontRole && c >= kPrimaFamiglia && rapporto > 1.0) {
+        QFont f;
+        f.setBold(true);
+        return f;
+    }
+    if (ruolo == Qt::ToolTipRole && c >= kPrimaFamiglia) {
+        const EsitoControllo& e = r->famiglie[static_cast<std::size_t>(c - kPrimaFamiglia)];
+        return Q(e.elemento + ": " + e.controllo);
+    }
+    if (ruolo != Qt::DisplayRole) return {};
+    if (c == kNumero) return r->sestetto + 1;
+    if (c == kNome) return nomi_[static_cast<std::size_t>(indice.row())];
+    if (c == kGoverna) return Q(r->Governante().elemento + ", " + r->Governante().controllo);
+    return TestoRapporto(rapporto);
+}
+
+QVariant ModelloRiepilogo::headerData(int sezione, Qt::Orientation verso, int ruolo) const {
+    if (verso != Qt::Horizontal) return {};
+    constexpr const char* kTesti[] = {
+        "N.", "Sestetto", "Verifica che governa", "Rapporto", "Bull.", "P. 1", "P. 2", "S1", "S2"};
+    if (ruolo == Qt::DisplayRole) return QString::fromUtf8(kTesti[sezione]);
+    if (ruolo == Qt::ToolTipRole && sezione >= kPrimaFamiglia) {
+        return QString::fromUtf8(NomeFamiglia(static_cast<Famiglia>(sezione - kPrimaFamiglia)));
+    }
+    return {};
+}
+
+PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
+    : QWidget(padre), pilota_(pilota), modello_(new ModelloRiepilogo(this)) {
+    auto* colonna = new QVBoxLayout(this);
+    colonna->setContentsMargins(0, 2, 0, 0);
+    auto* testata = new QHBoxLayout;
+    esito_ = new QLabel(this);
+    esito_->setObjectName(QStringLiteral("EsitoVerifica"));
+    stato_ = new QLabel(this);
+    stato_->setObjectName(QStringLiteral("StatoRisultati"));
+    stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // never widens the window
+    auto* vivo = new QCheckBox(QStringLiteral("Verifica dal &vivo"), this);
+    vivo->setObjectName(QStringLiteral("DalVivo"));
+    vivo->setToolTip(QStringLiteral("Ricalcola mentre si scrive, senza relazione"));
+    vivo->setChecked(pilota.DalVivo());
+    connect(vivo, &QCheckBox::clicked, &pilota_, &Pilota::ImpostaDalVivo);
+    auto* relazione = new QPushButton(QStringLiteral("Riga della relazione"), this);
+    relazione->setToolTip(QStringLiteral("Apre la relazione al sestetto scelto"));
+    connect(relazione, &QPushButton::clicked, this, [this] {
+        const RigaRiepilogo* r = Scelta();
+        if (r == nullptr) return;
+        Q_EMIT vaiAllaRelazione(Q(TogliCR(pilota_.NodoDelRiepilogo().NomeSa(r->sestetto))));
+    });
+    testata->addWidget(esito_);
+    testata->addWidget(stato_, 1);
+    testata->addWidget(vivo);
+    testata->addWidget(relazione);
+    colonna->addLayout(testata);
+
+    ordinato_ = new QSortFilterProxyModel(this);
+    ordinato_->setSourceModel(modello_);
+    ordinato_->setSortRole(ModelloRiepilogo::kOrdine);
+    ordinato_->setDynamicSortFilter(false);  // rows stay put under the pointer while typing
+    tabella_ = new QTableView(this);
+    tabella_->setObjectName(QStringLiteral("TabellaRiepilogo"));
+    tabella_->setModel(ordinato_);
+    tabella_->setSortingEnabled(true);
+    tabella_->sortByColumn(ModelloRiepilogo::kNumero, Qt::AscendingOrder);
+    tabella_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    tabella_->setSelectionMode(QAbstractItemView::SingleSelection);
+    tabella_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    tabella_->setItemDelegateForColumn(ModelloRiepilogo::kRapporto, new BarraRapporto(tabella_));
+    tabella_->verticalHeader()->hide();
+    tabella_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    QHeaderView* h = tabella_->horizontalHeader();
+    const int lettera = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    const int larghezze[] = {4, 14, 18, 16, 6, 6, 6, 6, 6};
+    for (int i = 0; i < modello_->columnCount(); ++i) h->resizeSection(i, larghezze[i] * lettera);
+    h->setMinimumSectionSize(4 * lettera);
+    h->setSectionResizeMode(ModelloRiepilogo::kNome, QHeaderView::Stretch);
+    tabella_->setToolTip(
+        QStringLiteral("Un clic colora il disegno, due portano alla parte che governa"));
+    colonna->addWidget(tabella_, 1);
+    connect(tabella_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (aggiornando_) return;
+        const RigaRiepilogo* r = Scelta();
+        sestettoScelto_ = r != nullptr ? r->sestetto : -1;
+        Q_EMIT sceltaCambiata();
+    });
+    connect(tabella_, &QTableView::doubleClicked, this, &PaginaRiepilogo::Apri);
+}
+
+const RigaRiepilogo* PaginaRiepilogo::Scelta() const {
+    const QModelIndexList righe = tabella_->selectionModel()->selectedRows();
+    if (righe.isEmpty()) return nullptr;
+    return modello_->Riga(ordinato_->mapToSource(righe.constFirst()).row());
+}
+
+void PaginaRiepilogo::Apri(const QModelIndex& indice) {
+    const RigaRiepilogo* r = modello_->Riga(ordinato_->mapToSource(indice).row());
+    if (r == nullptr) return;
+    Famiglia f = r->governa;
+    if (indice.column() >= ModelloRiepilogo::kPrimaFamiglia) {
+        f = static_cast<Famiglia>(indice.column() - ModelloRiepilogo::kPrimaFamiglia);
+    }
+    Q_EMIT vaiAllaParte(static_cast<int>(f), Q(r->famiglie[static_cast<std::size_t>(f)].elemento));
+}
+
+void PaginaRiepilogo::Aggiorna() {
+    const Esame& esame = pilota_.LEsame();
+    const bool valido = pilota_.RiepilogoValido();
+    const Riepilogo vuoto;
+    aggiornando_ = true;
+    modello_->Metti(valido ? pilota_.IlRiepilogo() : vuoto, pilota_.NodoDelRiepilogo());
+    if (sestettoScelto_ >= 0 && Scelta() == nullptr) {
+        for (int i = 0; i < modello_->rowCount(); ++i) {
+            if (modello_->Riga(i)->sestetto != sestettoScelto_) continue;
+            tabella_->selectRow(ordinato_->mapFromSource(modello_->index(i, 0)).row());
+        }
+    }
+    aggiornando_ = false;
+
+    const bool aggiornato = pilota_.ComeRelazione();
+    const Riepilogo& r = valido ? pilota_.IlRiepilogo() : vuoto;
+    QString esito, stato;
+    QColor colore = palette().color(QPalette::WindowText);
+    if (!valido) {
+        esito = QStringLiteral("Nessun risultato");
+        const auto& perche = esame.incongruenze.empty() ? esame.avvisi : esame.incongruenze;
+        if (pilota_.DalVivo() && !perche.empty()) stato = Q(TogliCR(perche.front()));
+        stato_->setToolTip(stato);
+    } else if (r.peggiore < 0) {
+        esito = QStringLiteral("Nessun sestetto");
+    } else {
+        const double massimo = r.righe[static_cast<std::size_t>(r.peggiore)].Rapporto();
+        esito = massimo > 1.0 ? QStringLiteral("NON VERIFICATO") : QStringLiteral("VERIFICATO");
+        esito += QStringLiteral("  ") + TestoRapporto(massimo);
+        colore = ColoreRapporto(massimo);
+    }
+    if (valido) {
+        if (aggiornato) {
+            stato = QStringLiteral("come nella relazione");
+        } else if (!pilota_.DalVivo()) {
+            stato = QStringLiteral("superati");
+        } else {
+            stato = pilota_.HaVerifica() ? QStringLiteral("dal vivo; in relazione: superati")
+                                         : QStringLiteral("dal vivo");
+        }
+        if (!aggiornato && pilota_.DalVivo() && !esame.avvisi.empty()) {
+            stato += QStringLiteral("; interassi!");
+            stato_->setToolTip(Q(esame.avvisi.front()));
+        } else {
+            stato_->setToolTip({});
+        }
+    }
+    QFont f = font();
+    f.setBold(true);
+    esito_->setFont(f);
+    QPalette p = palette();
+    p.setColor(QPalette::WindowText, colore);
+    esito_->setPalette(p);
+    esito_->setText(esito);
+    stato_->setText(stato);
+    Q_EMIT sceltaCambiata();
+}
+
+}  // namespace tk07

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include "session/direttori.h"
+
+class QApplication;
+
+namespace tk07 {
+
+// Font, Italian texts of the standard buttons and dialogs. Once, before the first window.
+void PreparaApplicazione(QApplication& app);
+// The command line as the session's start-up takes it: --diroot DIR, --lavoro NOME, the marked
+// field.
+Avvio LeggiRigaComando(const QStringList& argomenti);
+
+// The whole run: start-up, windows, end. Returns the exit code.
+int EseguiGui(QApplication& app, const QStringList& argomenti);
+
+}  // namespace tk07

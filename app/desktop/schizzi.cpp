@@ -1,0 +1,108 @@
+#include "desktop/schizzi.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+namespace tk07 {
+
+SchizzoSezione::SchizzoSezione(QWidget* padre) : QWidget(padre) { setMinimumSize(64, 64); }
+
+void SchizzoSezione::Mostra(const ProfiloRec& profilo) {
+    profilo_ = profilo;
+    update();
+}
+
+void SchizzoSezione::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const ProfiloRec& s = profilo_;
+    const double lato = std::max(s.H, s.B);
+    if (!(lato > 0.0)) return;
+    const double k = (std::min(width(), height()) - 8.0) / lato;
+    p.translate(width() / 2.0, height() / 2.0);
+    p.scale(k, k);
+    const double b = s.B / 2.0, h = s.H / 2.0, w = s.tw / 2.0;
+    QPainterPath q;
+    q.addRect(QRectF(-b, -h, s.B, s.tf));
+    q.addRect(QRectF(-b, h - s.tf, s.B, s.tf));
+    q.addRect(QRectF(-w, -h + s.tf, s.tw, s.H - 2.0 * s.tf));
+    for (const double x : {-1.0, 1.0}) {  // root fillets
+        for (const double y : {-1.0, 1.0}) {
+            QPainterPath raccordo(QPointF(x * w, y * (h - s.tf)));
+            raccordo.lineTo(x * (w + s.r), y * (h - s.tf));
+            raccordo.quadTo(QPointF(x * w, y * (h - s.tf)), QPointF(x * w, y * (h - s.tf - s.r)));
+            raccordo.closeSubpath();
+            q.addPath(raccordo);
+        }
+    }
+    q.setFillRule(Qt::WindingFill);
+    p.setPen(QPen(palette().color(QPalette::Text), 0.0));
+    p.setBrush(QColor(140, 158, 176));
+    p.drawPath(q.simplified());
+}
+
+SchemaAzioni::SchemaAzioni(QWidget* padre) : QWidget(padre) {
+    setObjectName(QStringLiteral("SchemaAzioni"));
+    setMinimumSize(240, 130);
+    setToolTip(QStringLiteral("Assi e segni positivi delle sei caratteristiche"));
+}
+
+void SchemaAzioni::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QColor testo = palette().color(QPalette::Text), azione(20, 110, 220);
+    const double h = height() - 16.0;
+    const QRectF piastra(34.0, 8.0, h * 0.62, h);
+    p.setPen(QPen(testo, 1.0));
+    p.setBrush(QColor(176, 190, 206, 120));
+    p.drawRect(piastra);
+    const QPointF c = piastra.center();
+    const double b = piastra.width() * 0.28, v = piastra.height() * 0.3;
+    p.setBrush(QColor(156, 172, 128, 200));
+    p.drawRect(QRectF(c.x() - b, c.y() - v, 2 * b, 5));
+    p.drawRect(QRectF(c.x() - b, c.y() + v - 5, 2 * b, 5));
+    p.drawRect(QRectF(c.x() - 2.5, c.y() - v, 5, 2 * v));
+    const auto freccia = [&](const QPointF& da, const QPointF& a, const char* nome,
+                             const QPointF& dove) {
+        p.setPen(QPen(azione, 2.0));
+        p.drawLine(da, a);
+        const QPointF d = a - da;
+        const double l = std::max(1.0, std::hypot(d.x(), d.y()));
+        const QPointF u = d / l, n(-u.y(), u.x());
+        p.setBrush(azione);
+        p.drawPolygon(QPolygonF({a, a - u * 8.0 + n * 4.0, a - u * 8.0 - n * 4.0}));
+        p.drawText(a + dove, QString::fromUtf8(nome));
+    };
+    freccia(c, c + QPointF(0, piastra.height() * 0.44), "Ty", {5, 2});
+    freccia(c, c + QPointF(piastra.width() * 0.72, 0), "Tz", {4, 4});
+    // N comes out of the sheet, away from the main beam.
+    p.setBrush(palette().color(QPalette::Base));
+    p.drawEllipse(c, 6.0, 6.0);
+    p.setBrush(azione);
+    p.drawEllipse(c, 2.0, 2.0);
+    p.drawText(c + QPointF(-22, 16), QStringLiteral("N"));
+    const QRectF arco(c.x() - 24, c.y() - 24, 48, 48);
+    p.setBrush(Qt::NoBrush);
+    p.drawArc(arco, 30 * 16, 110 * 16);
+    const QPointF punta(c.x() + 24 * std::cos(2.44), c.y() - 24 * std::sin(2.44));
+    p.setBrush(azione);
+    p.drawPolygon(
+        QPolygonF({punta + QPointF(-2, 6), punta + QPointF(7, 2), punta + QPointF(0, -5)}));
+    p.drawText(c + QPointF(12, -24), QStringLiteral("Mt"));
+
+    p.setPen(testo);
+    const double x = piastra.right() + 44.0;
+    const double passo = std::min(h / 6.2, p.fontMetrics().height() + 4.0);
+    double y = 8.0 + passo;
+    for (const char* riga :
+         {"Fronte delle piastre, segni positivi:", "N tende i bulloni (verso chi guarda)",
+          "Ty verso il basso, Tz verso destra", "Mt antiorario", "My tende il lato sinistro",
+          "Mz tende il lato inferiore"}) {
+        p.drawText(QPointF(x, y), QString::fromUtf8(riga));
+        y += passo;
+    }
+}
+
+}  // namespace tk07
