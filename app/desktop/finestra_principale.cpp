@@ -285,8 +285,7 @@ void FinestraPrincipale::Aggiorna() {
     const Sessione& s = pilota_.LaSessione();
     setWindowTitle(Q(s.InsDati.titolo));
     legame_->Aggiorna();
-    sezioni_[0]->Mostra(s.nodo.TraPri);
-    sezioni_[1]->Mostra(s.nodo.TraSec);
+    MostraProfili(s.nodo, *sezioni_[0], *sezioni_[1]);
     schema_->update();
     tabella_->Aggiorna();
     AllineaPannelli();

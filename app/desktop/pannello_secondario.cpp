@@ -21,6 +21,7 @@
 #include "desktop/pilota.h"
 #include "desktop/tavole.h"
 #include "desktop/testo_qt.h"
+#include "drawing/colori.h"
 #include "session/importazione.h"
 
 namespace tk07 {
@@ -29,9 +30,8 @@ namespace {
 
 // Colours of the drawing's table, as screens show them.
 QColor ColoreTavola(int i) {
-    constexpr unsigned kTinte[] = {0x000000, 0xd02020, 0xb0a000, 0x209030, 0x20a0b0,
-                                   0x2040d0, 0xb030b0, 0x606060, 0x989898, 0xc07020};
-    return QColor::fromRgb(kTinte[static_cast<unsigned>(i < 0 ? 0 : i) % 10u]);
+    const Rgb c = ColoreVideo(i);
+    return {c.r, c.g, c.b};
 }
 
 // The five line types of the structure's members.

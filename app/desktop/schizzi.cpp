@@ -5,42 +5,48 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/aritmetica.h"
+
 namespace tk07 {
 
-SchizzoSezione::SchizzoSezione(QWidget* padre) : QWidget(padre) { setMinimumSize(64, 64); }
+SchizzoSezione::SchizzoSezione(QWidget* padre) : QWidget(padre) {
+    setFixedSize(sizeHint());
+    superficie_.ScaleWidth = width();
+    superficie_.ScaleHeight = height();
+    superficie_.pulisci = [this] {
+        linee_.clear();
+        archi_ = {};
+    };
+    superficie_.linea = [this](double x1, double y1, double x2, double y2) {
+        linee_.push_back({x1, y1, x2, y2});
+    };
+    superficie_.cerchio = [this](double x, double y, double r, double a1, double a2) {
+        constexpr double kGradi = 180.0 / kPi;
+        // The path's y grows downwards; here it is turned over by the painter.
+        const QRectF q(x - r, y - r, 2.0 * r, 2.0 * r);
+        archi_.arcMoveTo(q, -a1 * kGradi);
+        archi_.arcTo(q, -a1 * kGradi, -(a2 - a1) * kGradi);
+    };
+}
 
-void SchizzoSezione::Mostra(const ProfiloRec& profilo) {
-    profilo_ = profilo;
-    update();
+void MostraProfili(const Nodo& nodo, SchizzoSezione& pri, SchizzoSezione& sec) {
+    AnteprimeProfili(nodo, pri.superficie_, sec.superficie_);
+    pri.update();
+    sec.update();
 }
 
 void SchizzoSezione::paintEvent(QPaintEvent*) {
+    const Superficie& s = superficie_;
+    if (!(s.xMax > s.xMin) || !(s.yMax > s.yMin)) return;
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const ProfiloRec& s = profilo_;
-    const double lato = std::max(s.H, s.B);
-    if (!(lato > 0.0)) return;
-    const double k = (std::min(width(), height()) - 8.0) / lato;
-    p.translate(width() / 2.0, height() / 2.0);
-    p.scale(k, k);
-    const double b = s.B / 2.0, h = s.H / 2.0, w = s.tw / 2.0;
-    QPainterPath q;
-    q.addRect(QRectF(-b, -h, s.B, s.tf));
-    q.addRect(QRectF(-b, h - s.tf, s.B, s.tf));
-    q.addRect(QRectF(-w, -h + s.tf, s.tw, s.H - 2.0 * s.tf));
-    for (const double x : {-1.0, 1.0}) {  // root fillets
-        for (const double y : {-1.0, 1.0}) {
-            QPainterPath raccordo(QPointF(x * w, y * (h - s.tf)));
-            raccordo.lineTo(x * (w + s.r), y * (h - s.tf));
-            raccordo.quadTo(QPointF(x * w, y * (h - s.tf)), QPointF(x * w, y * (h - s.tf - s.r)));
-            raccordo.closeSubpath();
-            q.addPath(raccordo);
-        }
-    }
-    q.setFillRule(Qt::WindingFill);
-    p.setPen(QPen(palette().color(QPalette::Text), 0.0));
-    p.setBrush(QColor(140, 158, 176));
-    p.drawPath(q.simplified());
+    p.scale(width() / (s.xMax - s.xMin), -height() / (s.yMax - s.yMin));
+    p.translate(-s.xMin, -s.yMax);
+    QPen penna(palette().color(QPalette::Text), 1.2);
+    penna.setCosmetic(true);
+    p.setPen(penna);
+    p.drawLines(linee_);
+    p.drawPath(archi_);
 }
 
 SchemaAzioni::SchemaAzioni(QWidget* padre) : QWidget(padre) {

@@ -1,24 +1,32 @@
 #pragma once
 
+#include <QLineF>
+#include <QPainterPath>
+#include <QVector>
 #include <QWidget>
 
-#include "libraries/profili.h"
+#include "drawing/profilo_dis.h"
 
 namespace tk07 {
 
-// Section of a beam, to scale within the widget.
+// Surface on which a beam's section is drawn; it keeps the strokes that it was given.
 class SchizzoSezione : public QWidget {
   public:
     explicit SchizzoSezione(QWidget* padre);
-    void Mostra(const ProfiloRec& profilo);
     QSize sizeHint() const override { return {90, 90}; }
 
   protected:
     void paintEvent(QPaintEvent* evento) override;
 
   private:
-    ProfiloRec profilo_;
+    friend void MostraProfili(const Nodo& nodo, SchizzoSezione& pri, SchizzoSezione& sec);
+    Superficie superficie_;
+    QVector<QLineF> linee_;
+    QPainterPath archi_;
 };
+
+// Draws the two beams, at the same scale on both surfaces.
+void MostraProfili(const Nodo& nodo, SchizzoSezione& pri, SchizzoSezione& sec);
 
 // Axes and positive signs of the six actions, on the plates seen along the secondary beam.
 class SchemaAzioni : public QWidget {
