@@ -9,11 +9,13 @@
 #include <QProcess>
 #include <QProgressDialog>
 #include <QWindow>
+#include <memory>
 
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "cli/porta_cli.h"
 #include "desktop/testo_qt.h"
+#include "finestre/servizio_finestra.h"
 
 namespace tk07 {
 
@@ -145,7 +147,11 @@ Piattaforma PortaDesktop(const std::function<QWidget*()>& finestra,
         const QString file = Q(FileProgramma(programma));
         return attendi ? AvviaEAttendi(padre(), file, lista) : QProcess::startDetached(file, lista);
     };
-    p.attivaFinestra = [](const std::string& titolo) {
+    // The last window that was activated gets the keys.
+    const auto attivata = std::make_shared<QString>();
+    p.attivaFinestra = [attivata](const std::string& titolo) {
+        *attivata = Q(titolo);
+        if (InviaAFinestra(*attivata, QStringLiteral("attiva"))) return true;
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (!w->isVisible() || !w->windowTitle().startsWith(Q(titolo))) continue;
             w->raise();
@@ -154,6 +160,7 @@ Piattaforma PortaDesktop(const std::function<QWidget*()>& finestra,
         }
         return false;
     };
+    p.inviaTasti = [attivata](const std::string& tasti) { InviaAFinestra(*attivata, Q(tasti)); };
     p.puntatore = [](int forma) {
         constexpr int kOccupato = 11;
         while (QApplication::overrideCursor() != nullptr) QApplication::restoreOverrideCursor();

@@ -84,6 +84,17 @@ Finestra::Finestra(const Opzioni& opz) : nomiStrati_(NomiStrati(opz)) {
     colonna->addWidget(vista_, 1);
     setCentralWidget(centro);
     setWindowTitle(QString::fromUtf8(kTitoloVisualizzatore).chopped(3));
+    servizio_ = new ServizioFinestra(
+        [this](const QString& comando) {
+            if (comando == "^v") {
+                Ricarica();
+            } else if (comando == "attiva") {
+                if (isMinimized()) showNormal();
+                raise();
+                activateWindow();
+            }
+        },
+        this);
     setAcceptDrops(true);
     resize(1200, 820);
 
@@ -246,6 +257,7 @@ bool Finestra::Apri(const QString& file) {
     // The mark that the toolkit takes for "changed" stands for itself in a file's name.
     setWindowTitle(QString::fromUtf8(kTitoloVisualizzatore) +
                    QString(file_).replace("[*]", "[*][*]"));
+    servizio_->Ascolta(QString::fromUtf8(kTitoloVisualizzatore) + file_);
     if (letto) vista_->Adatta();
     return letto;
 }

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <array>
 
+#include "finestre/servizio_finestra.h"
 #include "mostradis/vista.h"
 #include "options/opzioni.h"
 
@@ -52,6 +53,7 @@ class Finestra : public QMainWindow {
     void ChiediStampa();
 
     Vista* vista_;
+    ServizioFinestra* servizio_;  // a session that knows the title brings the window up
     QLabel* avviso_;
     QListWidget* strati_;
     QLabel *posizione_, *misura_;

@@ -94,6 +94,10 @@ TEST(Mostradis, ReloadsWhenTheFileIsReplacedAndKeepsWhatIsShown) {
     EXPECT_FALSE(v.f.Apri("/manca/altro.dis"));
     EXPECT_TRUE(v.avviso->text().contains("/manca/altro.dis"));
     EXPECT_EQ(v.f.windowTitle().toStdString(), "VISUALIZZAZIONE FILE DISEGNO - " + v.file);
+    // A session finds the window by its title and tells it to read again; no other title answers.
+    const QString titolo = v.f.windowTitle();
+    EXPECT_TRUE(InviaAFinestra(titolo, "attiva"));
+    EXPECT_FALSE(InviaAFinestra(titolo + "x", "attiva"));
     // The key that the main program sends.
     int tasti = 0;
     for (const QAction* a : v.f.actions() + v.f.findChildren<QAction*>()) {
