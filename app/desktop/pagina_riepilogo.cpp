@@ -136,7 +136,9 @@ PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
     esito_->setObjectName(QStringLiteral("EsitoVerifica"));
     stato_ = new QLabel(this);
     stato_->setObjectName(QStringLiteral("StatoRisultati"));
-    stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // never widens the window
+    // Never widens the window: a long text goes on below.
+    stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
+    stato_->setWordWrap(true);
     auto* vivo = new QCheckBox(QStringLiteral("Verifica dal &vivo"), this);
     vivo->setObjectName(QStringLiteral("DalVivo"));
     vivo->setToolTip(QStringLiteral("Ricalcola mentre si scrive, senza relazione"));
