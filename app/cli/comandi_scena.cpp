@@ -11,53 +11,76 @@ namespace tk07 {
 
 namespace {
 
-// Writes a composed scene; false after it has told why not.
-using ScrittoreScena = bool (*)(const Sessione& s, const std::string& uscita);
+constexpr const char* kSenzaSolidi =
+    "questo programma è senza il modulo dei solidi (si costruisce dove ci sono le librerie "
+    "OpenCASCADE)";
 
-bool ScriviTmp(const Sessione& s, const std::string& uscita) {
-    return ScriviScena(s.scena, uscita, s.piattaforma);
+std::string Estensione(const std::string& file) {
+    return Minuscolo(std::filesystem::path(file).extension().string());
+}
+bool EScena(const std::string& uscita) { return Estensione(uscita) == ".tmp"; }
+bool ESolidi(const std::string& uscita) {
+    const std::string e = Estensione(uscita);
+    return e == ".step" || e == ".stp" || e == ".glb" || e == ".stl";
 }
 
-// The formats by ending. One without a writer is known, but not to this build.
-struct FormatoScena {
-    const char* estensione;
-    ScrittoreScena scrivi;
-};
-constexpr FormatoScena kFormati[] = {
-    {".tmp", ScriviTmp}, {".step", nullptr}, {".glb", nullptr}, {".stl", nullptr}};
+// Writes and prints what was asked for, from the composed scene.
+int Produci(const Sessione& s, const OpzioniScena& opz, const Grafica& grafica) {
+    std::string errore, testo;
+    if (opz.distinta) {
+        const auto forma = opz.json ? FormaDistinta::json : FormaDistinta::tabella;
+        if (!grafica.distinta(s, forma, testo, errore)) {
+            Errore(opz.file, errore);
+            return kUscitaUso;
+        }
+    }
+    if (EScena(opz.uscita)) {
+        if (!ScriviScena(s.scena, opz.uscita, s.piattaforma)) return kUscitaUso;
+    } else if (!opz.uscita.empty()) {
+        if (!grafica.esportaSolidi(s, opz.uscita, errore)) {
+            Errore("tk07", errore);  // names the file
+            return kUscitaUso;
+        }
+    }
+    if (!opz.uscita.empty() && !opz.json) {
+        Stampa(opz.file + ": scena 3D con " + std::to_string(s.scena.estrusi.size()) +
+               " estrusi e " + std::to_string(s.scena.sezioni.size()) +
+               " sezioni\n    file: " + opz.uscita + "\n");
+    }
+    Stampa(testo);
+    return kUscitaOk;
+}
 
 }  // namespace
 
-int ComandoScena(const Avvio& avvio, const std::string& file, const std::string& uscita) {
-    const std::string estensione = Minuscolo(std::filesystem::path(uscita).extension().string());
-    const FormatoScena* formato = nullptr;
-    for (const FormatoScena& f : kFormati) {
-        if (estensione == f.estensione) formato = &f;
-    }
-    if (formato == nullptr) {
-        Errore(uscita, "formato \"" + estensione + "\" sconosciuto: indicare un file .tmp");
+bool VuoleSolidi(const OpzioniScena& opz) { return opz.distinta || ESolidi(opz.uscita); }
+
+int ComandoScena(const Avvio& avvio, const OpzioniScena& opz, const Grafica& grafica) {
+    if (opz.uscita.empty() && !opz.distinta) {
+        Errore("tk07", "manca l'argomento -o o --distinta (vedere tk07 --help)");
         return kUscitaUso;
     }
-    if (formato->scrivi == nullptr) {
-        Errore(uscita, "formato \"" + estensione +
-                           "\" non disponibile: questo programma è senza il modulo dei solidi");
+    if (opz.json && !opz.distinta) {
+        Errore("tk07", "--json vale solo con --distinta");
+        return kUscitaUso;
+    }
+    if (!opz.uscita.empty() && !EScena(opz.uscita) && !ESolidi(opz.uscita)) {
+        Errore(opz.uscita, "formato \"" + Estensione(opz.uscita) +
+                               "\" sconosciuto: indicare un file .tmp, .step, .glb o .stl");
+        return kUscitaUso;
+    }
+    if (VuoleSolidi(opz) && (grafica.esportaSolidi == nullptr || grafica.distinta == nullptr)) {
+        Errore(opz.uscita.empty() ? opz.file : opz.uscita, kSenzaSolidi);
         return kUscitaUso;
     }
     Banco banco(avvio);
     if (!banco.Avviato()) return banco.codice;
     Sessione& s = *banco.s;
-    int codice = ApriFile(s, banco.porta, file);
+    int codice = ApriFile(s, banco.porta, opz.file);
     if (codice != kUscitaOk) return codice;
     EseguiComando(s, [&] {
-        if (!PreparaScena(s, BulloniProvvisori::no)) {
-            codice = kUscitaNonPossibile;
-        } else if (!formato->scrivi(s, uscita)) {
-            codice = kUscitaUso;
-        } else {
-            Stampa(file + ": scena 3D con " + std::to_string(s.scena.estrusi.size()) +
-                   " estrusi e " + std::to_string(s.scena.sezioni.size()) +
-                   " sezioni\n    file: " + uscita + "\n");
-        }
+        codice =
+            PreparaScena(s, BulloniProvvisori::no) ? Produci(s, opz, grafica) : kUscitaNonPossibile;
     });
     return s.fine ? s.codiceUscita : codice;
 }

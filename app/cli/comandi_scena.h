@@ -2,11 +2,19 @@
 
 #include <string>
 
-#include "session/direttori.h"
+#include "cli/disegna.h"
 
 namespace tk07 {
 
-// Writes the joint's 3D scene in the format that the ending of `uscita` names.
-int ComandoScena(const Avvio& avvio, const std::string& file, const std::string& uscita);
+struct OpzioniScena {
+    std::string file, uscita;
+    bool distinta = false, json = false;
+};
+
+// Writes the joint's 3D scene, or its solids, in the format that the ending of `uscita` names, and
+// prints the bill of parts; at least one of the two is asked for.
+int ComandoScena(const Avvio& avvio, const OpzioniScena& opz, const Grafica& grafica);
+// Whether the twin with toolkits is needed.
+bool VuoleSolidi(const OpzioniScena& opz);
 
 }  // namespace tk07

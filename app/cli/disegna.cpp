@@ -24,7 +24,8 @@ bool Scrivi(Sessione& s, const OpzioniDisegna& opz, const std::string& estension
     const Piattaforma& p = s.piattaforma;
     if (estensione == "grb") return SalvaGrb(s.nodo, s.opz, opz.uscita, true, p);
     if (VuoleGrafica(opz.uscita)) {
-        std::string errore = "manca la parte grafica del programma";
+        std::string errore =
+            "manca la parte grafica del programma (si costruisce dove ci sono le librerie Qt 6)";
         if (grafica.esportaTavola != nullptr && grafica.esportaTavola(s, opz.uscita, errore)) {
             return true;
         }
@@ -73,7 +74,7 @@ int EseguiGemello(const std::vector<std::string>& argomenti) {
     if (!EseguiProgramma("tk07-grafica", argomenti, uscita)) {
         Errore("tk07",
                "questo comando vuole il programma tk07-grafica, che non è installato "
-               "(si costruisce dove ci sono le librerie Qt 6)");
+               "(si costruisce dove ci sono le librerie Qt 6 o OpenCASCADE)");
         return kUscitaUso;
     }
     return uscita;

@@ -6,12 +6,23 @@
 
 namespace tk07 {
 
+enum class FormaDistinta { tabella, json };
+
 // What only a build with the graphic toolkits can do. The small program leaves it empty and hands
-// such commands over to its bigger twin, so that it starts in no time.
+// such commands over to its bigger twin, so that it starts in no time. A routine that is not there
+// lacks its toolkit. All return false with the reason in `errore`.
 struct Grafica {
-    // Writes the sheet as SVG, PDF or PNG by the ending; false with the reason in `errore`.
+    bool gemello = false;  // this is the twin: nobody to hand over to
+    // Writes the sheet as SVG, PDF or PNG by the ending.
     bool (*esportaTavola)(const Sessione& s, const std::string& uscita,
                           std::string& errore) = nullptr;
+    // Writes the solids of the joint, whose scene is in s.scena, as STEP, glTF or STL by the
+    // ending.
+    bool (*esportaSolidi)(const Sessione& s, const std::string& uscita,
+                          std::string& errore) = nullptr;
+    // The bill of their parts.
+    bool (*distinta)(const Sessione& s, FormaDistinta forma, std::string& testo,
+                     std::string& errore) = nullptr;
 };
 
 struct OpzioniDisegna {

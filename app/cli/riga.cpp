@@ -161,16 +161,24 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
         ->type_name("OUT");
     c->add_flag("--tipi-linea", disegna.tipiLinea, "Nel DXF anche la tabella dei tipi di linea");
     c->callback([&] {
-        codice = VuoleGrafica(disegna.uscita) && grafica.esportaTavola == nullptr
+        codice = VuoleGrafica(disegna.uscita) && !grafica.gemello
                      ? EseguiGemello(tutti)
                      : ComandoDisegna(avvio, disegna, grafica);
     });
 
-    std::string uscitaScena;
-    c = comando("scena", "Scrive la scena 3D del nodo", "scena nodo.tk7 -o nodo.tmp");
-    c->add_option("FILE", file, "File di nodo (.tk7)")->required()->type_name("");
-    c->add_option("-o", uscitaScena, "File da scrivere (.tmp)")->required()->type_name("OUT");
-    c->callback([&] { codice = ComandoScena(avvio, file, uscitaScena); });
+    OpzioniScena scena;
+    c = comando("scena", "Scrive la scena 3D del nodo, i suoi solidi, la distinta",
+                "scena nodo.tk7 -o nodo.step --distinta");
+    c->add_option("FILE", scena.file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_option("-o", scena.uscita,
+                  "File da scrivere: tmp (scena), step, glb o stl (solidi con i fori)")
+        ->type_name("OUT");
+    c->add_flag("--distinta", scena.distinta, "Elenca pezzi, pesi e saldature");
+    c->add_flag("--json", scena.json, "La distinta in JSON, su una riga");
+    c->callback([&] {
+        codice = VuoleSolidi(scena) && !grafica.gemello ? EseguiGemello(tutti)
+                                                        : ComandoScena(avvio, scena, grafica);
+    });
 
     c = comando("sezioni", "Elenca i profili della libreria", "sezioni --json");
     c->add_flag("--json", json, "In JSON");

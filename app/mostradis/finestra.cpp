@@ -2,14 +2,12 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLibraryInfo>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -22,7 +20,6 @@
 #include <QPrinter>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QTranslator>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <cmath>
@@ -58,14 +55,6 @@ QIcon Campione(int indice, Carta carta) {
 }
 
 }  // namespace
-
-void CaricaItaliano(QCoreApplication& app) {
-    auto* traduzione = new QTranslator(&app);
-    if (traduzione->load(QStringLiteral("qtbase_it"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        app.installTranslator(traduzione);
-    }
-}
 
 Finestra::Finestra(const Opzioni& opz) : nomiStrati_(NomiStrati(opz)) {
     auto* centro = new QWidget(this);

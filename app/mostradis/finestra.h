@@ -11,7 +11,6 @@
 #include "mostradis/vista.h"
 #include "options/opzioni.h"
 
-class QCoreApplication;
 class QLabel;
 class QListWidget;
 class QPrinter;
@@ -65,8 +64,5 @@ class Finestra : public QMainWindow {
     qint64 grandezzaLetta_ = -1;
     bool mostrato_ = false;  // a drawing is on show
 };
-
-// Italian standard buttons and dialogs, where the toolkit's translations are installed.
-void CaricaItaliano(QCoreApplication& app);
 
 }  // namespace tk07

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <clocale>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "base/file_testo.h"
@@ -12,6 +11,7 @@
 #include "cli/italiano.h"
 #include "cli/porta_cli.h"
 #include "cli/programma.h"
+#include "cli/schermo.h"
 #include "drawing/dis.h"
 #include "mostradis/finestra.h"
 #include "mostradis/lettura.h"
@@ -22,38 +22,10 @@ namespace {
 using namespace tk07;
 
 constexpr int kUso = 2;
-constexpr int kMassimoLato = 20000;
 
 int Guasto(const std::string& testo) {
     Errore("mostradis", testo);
     return kUso;
-}
-
-// "1600x1000"; false when it is none.
-bool Dimensioni(const std::string& testo, int& larghezza, int& altezza) {
-    const std::size_t x = Minuscolo(testo).find('x');
-    if (x == std::string::npos) return false;
-    const auto l = ValoreStretto(testo.substr(0, x)), a = ValoreStretto(testo.substr(x + 1));
-    const auto buono = [](const std::optional<double>& v) {
-        return v && *v >= 16.0 && *v <= kMassimoLato && *v == static_cast<int>(*v);
-    };
-    if (!buono(l) || !buono(a)) return false;
-    larghezza = static_cast<int>(*l);
-    altezza = static_cast<int>(*a);
-    return true;
-}
-
-// Is there a screen to open a window on? Without one the toolkit ends the process in its own way.
-bool SchermoPresente() {
-#if defined(__unix__) && !defined(__APPLE__)
-    for (const char* nome : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        const char* v = std::getenv(nome);
-        if (v != nullptr && *v != '\0') return true;
-    }
-    return false;
-#else
-    return true;
-#endif
 }
 
 }  // namespace
@@ -110,7 +82,8 @@ int main(int argc, char** argv) {
         QString detto;
         if (!immagine.empty()) {
             int l = 0, a = 0;
-            if (!Dimensioni(dimensioni, l, a)) return Guasto("--dimensioni: atteso LxH in pixel");
+            if (!LeggiDimensioni(dimensioni, l, a))
+                return Guasto("--dimensioni: atteso LxH in pixel");
             if (!SalvaImmagine(d, pittura, QSize(l, a), QString::fromStdString(immagine), detto)) {
                 return Guasto(detto.toStdString());
             }

@@ -5,12 +5,14 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QImage>
+#include <QLibraryInfo>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <QTranslator>
 #include <algorithm>
 #include <cmath>
 
@@ -163,6 +165,14 @@ bool EsportaTavola(const Disegno& d, const Cartiglio& cartiglio, const OpzioniPi
     uscita.close();
     if (!fatto) return Guasto(errore, file, QStringLiteral("composizione della tavola fallita"));
     return Scrivi(bytes, file, errore);
+}
+
+void CaricaItaliano(QCoreApplication& app) {
+    auto* traduzione = new QTranslator(&app);
+    if (traduzione->load(QStringLiteral("qtbase_it"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        app.installTranslator(traduzione);
+    }
 }
 
 std::unique_ptr<QGuiApplication> AppSenzaSchermo() {

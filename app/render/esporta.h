@@ -27,6 +27,9 @@ bool SalvaImmagine(const Disegno& d, const OpzioniPittura& opz, const QSize& pix
 // environment and what it says of displays are left alone. It must outlive what is drawn.
 std::unique_ptr<QGuiApplication> AppSenzaSchermo();
 
+// Italian standard buttons and dialogs, where the toolkit's translations are installed.
+void CaricaItaliano(QCoreApplication& app);
+
 // Runs `fai` with the toolkit's chatter about locales and run-time directories kept off standard
 // error.
 template <class F>

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "cli/disegna.h"
+
+namespace tk07 {
+
+// What fills the record Grafica. With Qt:
+bool GraficaTavola(const Sessione& s, const std::string& uscita, std::string& errore);
+// With OpenCASCADE; both take the scene that s.scena holds.
+bool GraficaSolidi(const Sessione& s, const std::string& uscita, std::string& errore);
+bool GraficaDistinta(const Sessione& s, FormaDistinta forma, std::string& testo,
+                     std::string& errore);
+
+}  // namespace tk07

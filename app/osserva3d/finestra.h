@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QDateTime>
+#include <QFileSystemWatcher>
+#include <QMainWindow>
+#include <QString>
+#include <QTimer>
+#include <vector>
+
+#include "osserva3d/superficie.h"
+#include "scene3d/scena.h"
+
+class QComboBox;
+class QLabel;
+class QListWidget;
+class QSlider;
+
+namespace tk07 {
+
+inline constexpr const char* kTitoloOsserva = "Osserva3D";
+
+// Solids of a scene file; false with the file's name and the reason in `errore`.
+bool LeggiSolidi(const std::string& file, Scena& scena, std::vector<Parte>& parti,
+                 std::string& errore);
+
+// The viewer's window: one scene, its parts, how they are shown, measuring, export. The file is
+// watched and read again when it changes; the camera stays.
+class Finestra3D : public QMainWindow {
+  public:
+    // `fai` makes the surface that draws.
+    explicit Finestra3D(Superficie* (*fai)(QWidget*) = FaiSuperficie);
+
+    // Shows a scene file. When it cannot be read a bar above the picture says why, and what is on
+    // show stays.
+    bool Apri(const QString& file);
+    bool Ricarica();
+    void Avvisa(const QString& testo);  // empty: hides the bar
+    bool Esporta(const QString& file);  // step, glb, stl: the parts in view; png: the picture
+    void Scegli(int parte);             // -1: none
+    void Nascondi(int parte);
+    void Isola(int parte);
+    void MostraTutti();
+    Superficie* Vista() { return vista_; }
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent* e) override;
+    void dropEvent(QDropEvent* e) override;
+
+  private:
+    void FaiMenu();
+    QWidget* FaiPezzi();
+    QWidget* FaiAspetto();
+    void AggiornaPezzi();
+    void CambiaVisibili(const std::vector<bool>& v);
+    void CambiaSezione();
+    void MenuPezzo(int parte, const QPoint& dove);
+    void Sorveglia();
+    void ControllaFile();
+    void ChiediFile();
+    void ChiediEsporta();
+
+    Superficie* vista_;
+    QLabel *avviso_, *dettagli_, *misura_;
+    QListWidget* pezzi_;
+    QComboBox *asse_, *modo_;
+    QSlider *quota_, *esploso_, *trasparenza_;
+    Scena scena_;
+    QFileSystemWatcher guardia_;
+    QTimer attesa_;  // several signals of one change are one
+    QString file_;   // absolute
+    QDateTime dataLetta_;
+    qint64 grandezzaLetta_ = -1;
+    bool mostrato_ = false;
+};
+
+// Standard views by number, as keys 1 to 7: angles of the camera, and what they are called. The
+// seventh takes the scene's own angles.
+inline constexpr int kViste = 7;
+struct VistaNota {
+    const char* nome;
+    double azimut, elevazione;
+};
+VistaNota VistaNumero(int numero, const Scena& scena);
+
+}  // namespace tk07
