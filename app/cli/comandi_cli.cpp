@@ -12,6 +12,7 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "cli/albero.h"
 #include "cli/banco.h"
 #include "cli/inizializza.h"
 #include "cli/json_nodo.h"
@@ -205,13 +206,17 @@ int ComandoSessione(const Avvio& avvio, bool avviaProgrammi) {
 
 int ComandoInizializza(const Avvio& avvio, const std::string& destinazione) {
     const std::string origine = avvio.diroot ? *avvio.diroot : avvio.dirProgramma + "/..";
-    const std::string errore = InizializzaAlbero(origine, destinazione);
+    // An installed program has no tree of its own to work in: the first one made is remembered.
+    const bool ricorda = ProgrammaInstallato(avvio) && !AlberoRicordato();
+    const std::string errore =
+        ricorda ? AdottaAlbero(origine, destinazione) : InizializzaAlbero(origine, destinazione);
     if (!errore.empty()) {
         Errore(destinazione, errore);
         return kUscitaUso;
     }
-    Stampa(destinazione + ": albero dei direttori pronto\n    per lavorarci: tk07 --diroot " +
-           destinazione + " verifica " + destinazione + "/lavori/esempi/...\n");
+    Stampa(destinazione + ": albero dei direttori pronto\n    per lavorarci: tk07 " +
+           (ricorda ? "" : "--diroot " + destinazione + " ") + "verifica " + destinazione +
+           "/lavori/esempi/...\n");
     return kUscitaOk;
 }
 

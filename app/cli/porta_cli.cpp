@@ -44,6 +44,19 @@ std::string FileProgramma(const std::string& programma) {
     return senza;
 }
 
+std::string DirettorioDiPartenza(const std::string& programma) {
+    const std::size_t barra = programma.find_last_of("\\/");
+    if (barra == std::string::npos || barra == 0) return {};
+    const std::string dir = programma.substr(0, barra);
+    return EsisteDirettorio(dir) ? PercorsoPiattaforma(dir) : "";
+}
+
+std::string FileDaMostrare(const std::string& documento) {
+    const std::string installato =
+        DirettorioProgramma("") + "/../help/" + NomeSenzaDirettorio(documento);
+    return !EsisteFile(documento) && EsisteFile(installato) ? installato : documento;
+}
+
 bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
                     bool attendi) {
 #ifdef _WIN32
@@ -56,6 +69,7 @@ bool AvviaProgramma(const std::string& programma, const std::vector<std::string>
                         ? "xdg-open"
                         : FileProgramma(programma));
     testi.insert(testi.end(), argomenti.begin(), argomenti.end());
+    if (minuscolo == "explorer.exe" && testi.size() == 2) testi[1] = FileDaMostrare(testi[1]);
     std::vector<char*> argv;
     argv.reserve(testi.size() + 1);
     for (std::string& t : testi) argv.push_back(t.data());
@@ -65,6 +79,8 @@ bool AvviaProgramma(const std::string& programma, const std::vector<std::string>
     posix_spawn_file_actions_init(&azioni);
     posix_spawn_file_actions_addopen(&azioni, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&azioni, STDERR_FILENO, STDOUT_FILENO);
+    const std::string dir = DirettorioDiPartenza(programma);
+    if (!dir.empty()) posix_spawn_file_actions_addchdir_np(&azioni, dir.c_str());
     pid_t pid = 0;
     const int avviato = posix_spawnp(&pid, argv[0], &azioni, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&azioni);

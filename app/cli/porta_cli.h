@@ -35,6 +35,11 @@ void Errore(const std::string& prefisso, const std::string& testo);
 // The file to start for a program's name: as it stands in the named directory, with ".exe" or
 // without, then the companion beside this program.
 std::string FileProgramma(const std::string& programma);
+// The directory that it is started in: the one its name was composed with, where the exchange files
+// lie, which need not be the one that the companion stands in; empty for the current one.
+std::string DirettorioDiPartenza(const std::string& programma);
+// A document to show: as named, else the one that was installed with this program.
+std::string FileDaMostrare(const std::string& documento);
 // Starts a program of the platform; notepad.exe and EXPLORER.EXE stand for its own viewers.
 bool AvviaProgramma(const std::string& programma, const std::vector<std::string>& argomenti,
                     bool attendi);

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "base/testo.h"
+#include "cli/albero.h"
 #include "cli/banco.h"
 #include "cli/comandi_cli.h"
 #include "cli/comandi_nodo.h"
@@ -89,6 +90,16 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     c->add_option("DIR", dir, "Direttorio nuovo o vuoto")->required()->type_name("");
     c->callback([&] { codice = ComandoInizializza(avvio, dir); });
 
+    // What writes in the tree itself wants one of the user's own.
+    Origine origine = Origine::data;
+    const auto suAlberoProprio = [&](const auto& lavora) {
+        if (origine != Origine::partenza) return lavora();
+        Errore("tk07",
+               "l'albero installato è di sola lettura: prepararne uno proprio con tk07 inizializza "
+               "DIR");
+        return kUscitaUso;
+    };
+
     c = comando("verifica", "Verifica i nodi e scrive le relazioni di calcolo",
                 "verifica --metodo slu nodo.tk7");
     c->add_option("FILE", verifica.file, "File di nodo (.tk7)")->required()->type_name("");
@@ -99,7 +110,8 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     c->add_flag("--fermati", verifica.fermati, "Si ferma se gli interassi non sono rispettati");
     c->add_flag("--apri", verifica.apri, "Apre le relazioni nell'editor di testo");
     c->add_flag("--stampa", verifica.stampa, "Stampa le relazioni");
-    c->callback([&] { codice = ComandoVerifica(avvio, verifica); });
+    c->callback(
+        [&] { codice = suAlberoProprio([&] { return ComandoVerifica(avvio, verifica); }); });
 
     c = comando("controlla", "Controlla congruenza e interassi, senza calcolo",
                 "controlla nodo.tk7");
@@ -191,11 +203,13 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     c = comando("sessione", "Sessione a righe JSON su ingresso e uscita standard",
                 "sessione < richieste.txt");
     c->add_flag("--avvia-programmi", avviaProgrammi, "Avvia davvero i programmi esterni");
-    c->callback([&] { codice = ComandoSessione(avvio, avviaProgrammi); });
+    c->callback(
+        [&] { codice = suAlberoProprio([&] { return ComandoSessione(avvio, avviaProgrammi); }); });
 
     // Options come before the work of the command: callbacks run when all is parsed.
     app.parse_complete_callback([&] {
         if (!diroot.empty()) avvio.diroot = PercorsoAssoluto(diroot);
+        if (!app.got_subcommand("inizializza")) origine = TrovaAlbero(avvio);
         if (!lavoro.empty()) {
             avvio.lavoro = lavoro;
 #ifndef _WIN32

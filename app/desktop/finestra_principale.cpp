@@ -273,6 +273,12 @@ QWidget* FinestraPrincipale::ComponiDestra() {
     return destra_;
 }
 
+void FinestraPrincipale::ApriFile(const std::string& file) {
+    pilota_.Fai(QStringLiteral("Apri ") + Q(NomeBase(file)), [&] {
+        EseguiComando(pilota_.LaSessione(), [&] { ApriNodo(pilota_.LaSessione(), file); });
+    });
+}
+
 void FinestraPrincipale::MostraRelazione(const QString& percorso) {
     if (!relazione_->Apri(percorso)) {
         statusBar()->showMessage(QStringLiteral("Relazione non leggibile: ") + percorso, 15000);
@@ -374,11 +380,7 @@ void FinestraPrincipale::AggiornaMenu() {
     menuRecenti_->clear();
     for (const std::string& file : recenti_->Elenco()) {
         QAction* a = menuRecenti_->addAction(Q(file));
-        connect(a, &QAction::triggered, this, [this, file] {
-            pilota_.Fai(QStringLiteral("Apri ") + Q(NomeBase(file)), [&] {
-                EseguiComando(pilota_.LaSessione(), [&] { ApriNodo(pilota_.LaSessione(), file); });
-            });
-        });
+        connect(a, &QAction::triggered, this, [this, file] { ApriFile(file); });
     }
     menuRecenti_->setEnabled(!recenti_->Elenco().empty());
 }

@@ -37,6 +37,8 @@ class FinestraPrincipale : public QMainWindow {
     VistaNodo& LaVista() { return *vista_; }
     PaginaRiepilogo& IlRiepilogo() { return *riepilogo_; }
     VistaRelazione& LaRelazione() { return *relazione_; }
+    // Opens a joint as the command Apri does, without its dialog.
+    void ApriFile(const std::string& file);
     // The report in its own page.
     void MostraRelazione(const QString& percorso);
 

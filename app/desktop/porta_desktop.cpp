@@ -73,8 +73,10 @@ std::optional<FileScelto> Scegli(QWidget* padre, const RichiestaFile& r) {
 }
 
 // Waits for a program with the windows alive but closed to the user, who may stop waiting.
-bool AvviaEAttendi(QWidget* padre, const QString& file, const QStringList& argomenti) {
+bool AvviaEAttendi(QWidget* padre, const QString& file, const QStringList& argomenti,
+                   const QString& dir) {
     QProcess processo;
+    processo.setWorkingDirectory(dir);
     processo.setProcessChannelMode(QProcess::ForwardedChannels);
     processo.setStandardInputFile(QProcess::nullDevice());  // nobody types there
     processo.start(file, argomenti);
@@ -136,6 +138,7 @@ Piattaforma PortaDesktop(const std::function<QWidget*()>& finestra,
         QStringList lista;
         for (const std::string& a : argomenti) lista << Q(a);
         if (Minuscolo(programma) == "explorer.exe") {
+            if (lista.size() == 1) lista[0] = Q(FileDaMostrare(argomenti.front()));
             return QProcess::startDetached(QStringLiteral("xdg-open"), lista);
         }
         // The search tools of the suite where they are installed, else the window of this program.
@@ -145,7 +148,9 @@ Piattaforma PortaDesktop(const std::function<QWidget*()>& finestra,
             return true;
         }
         const QString file = Q(FileProgramma(programma));
-        return attendi ? AvviaEAttendi(padre(), file, lista) : QProcess::startDetached(file, lista);
+        const QString dir = Q(DirettorioDiPartenza(programma));
+        return attendi ? AvviaEAttendi(padre(), file, lista, dir)
+                       : QProcess::startDetached(file, lista, dir);
     };
     // The last window that was activated gets the keys.
     const auto attivata = std::make_shared<QString>();

@@ -13,6 +13,7 @@
 #include "desktop/finestra_trova.h"
 #include "desktop/pilota.h"
 #include "desktop/porta_desktop.h"
+#include "desktop/primo_avvio.h"
 #include "desktop/testo_qt.h"
 
 namespace tk07 {
@@ -51,10 +52,23 @@ Avvio LeggiRigaComando(const QStringList& argomenti) {
     return a;
 }
 
+std::string FileDaAprire(const QStringList& argomenti) {
+    for (int i = 1; i < argomenti.size(); ++i) {
+        const QString& t = argomenti[i];
+        if (t == QLatin1String("--diroot") || t == QLatin1String("--lavoro")) {
+            ++i;
+        } else if (!t.startsWith(QLatin1Char('-')) && !t.startsWith(QLatin1Char('|'))) {
+            return PercorsoAssoluto(S(t));
+        }
+    }
+    return {};
+}
+
 int EseguiGui(QApplication& app, const QStringList& argomenti) {
     PreparaApplicazione(app);
     Avvio avvio = LeggiRigaComando(argomenti);
     avvio.dirProgramma = DirettorioProgramma(argomenti.empty() ? "" : S(argomenti[0]).c_str());
+    if (!TrovaAlberoOChiedi(avvio)) return kUscitaAvvio;
     Pilota pilota;
     std::unique_ptr<FinestraPrincipale> finestra;
     pilota.LaSessione().piattaforma =
@@ -77,6 +91,9 @@ int EseguiGui(QApplication& app, const QStringList& argomenti) {
         QCoreApplication::exit(c);
     });
     finestra->show();
+    if (const std::string file = FileDaAprire(argomenti); !file.empty()) {
+        QTimer::singleShot(0, finestra.get(), [&finestra, file] { finestra->ApriFile(file); });
+    }
     QApplication::exec();
     finestra.reset();
     return codice;

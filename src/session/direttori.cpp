@@ -98,7 +98,8 @@ bool RisolviDirettori(const Avvio& avvio, Direttori& d, const Piattaforma& p) {
     if (Barra(d.dirRoot.back())) d.dirRoot.pop_back();
     d.dirImpostazioni = d.dirRoot + "\\impostazioni";
 
-    const auto dirlav = PrimaRiga(d.dirImpostazioni + "\\dirlav");
+    const auto dirlav =
+        avvio.dirLavori ? avvio.dirLavori : PrimaRiga(d.dirImpostazioni + "\\dirlav");
     if (!dirlav || NumeroCaratteri(*dirlav) < 9) {
         return fallito(PercorsoMostrato(d.dirImpostazioni + "\\dirlav") + " errato o mancante.");
     }

@@ -23,7 +23,8 @@ struct Avvio {
     std::string rigaComando;
     std::string dirProgramma;
     std::optional<std::string> diroot;
-    std::optional<std::string> lavoro;  // the job's name, instead of the one in the settings
+    std::optional<std::string> lavoro;     // the job's name, instead of the one in the settings
+    std::optional<std::string> dirLavori;  // directory of the jobs, likewise
 };
 
 // Path of the marked field "|diroot=...|", trimmed and in lower case; empty when there is none.

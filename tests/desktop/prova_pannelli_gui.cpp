@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
@@ -415,6 +416,7 @@ TEST(Gui, Foto) {
     b.Premi("VerificaButt");
     b.finestra->MostraRelazione(QString::fromStdString(b.porta.programmi.back()[1]));
     b.finestra->IlRiepilogo().Tabella()->selectRow(0);
+    b.finestra->statusBar()->clearMessage();  // it names the temporary tree
     if (qEnvironmentVariableIsSet("TK07_SCURO")) {
         QPalette scura(QColor(53, 53, 60), QColor(40, 40, 46));
         QApplication::setPalette(scura);
