@@ -5,15 +5,14 @@
 #include <iostream>
 #include <map>
 #include <memory>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
+#include <utility>
 
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "cli/albero.h"
 #include "cli/banco.h"
+#include "cli/barra.h"
+#include "cli/csv.h"
 #include "cli/inizializza.h"
 #include "cli/json_nodo.h"
 #include "cli/mostra.h"
@@ -25,37 +24,6 @@
 namespace tk07 {
 
 namespace {
-
-bool SuTerminale() {
-#ifdef _WIN32
-    return false;
-#else
-    return isatty(STDERR_FILENO) != 0;
-#endif
-}
-
-// A bar on the terminal while many files are worked on; nothing in a pipe.
-class Barra {
-  public:
-    explicit Barra(std::size_t totale) : totale_(totale), attiva_(totale > 1 && SuTerminale()) {}
-    ~Barra() { Cancella(); }
-    Barra(const Barra&) = delete;
-    Barra& operator=(const Barra&) = delete;
-    void Segna(std::size_t fatti) {
-        if (!attiva_) return;
-        constexpr std::size_t kLarghezza = 30;
-        const std::size_t pieni = fatti * kLarghezza / totale_;
-        std::fprintf(stderr, "\r[%s%s] %zu/%zu", std::string(pieni, '#').c_str(),
-                     std::string(kLarghezza - pieni, '.').c_str(), fatti, totale_);
-    }
-    void Cancella() {
-        if (attiva_) std::fputs("\r\033[K", stderr);
-    }
-
-  private:
-    std::size_t totale_;
-    bool attiva_;
-};
 
 std::string Verdetto(const Sessione& s) {
     const int n = s.nodo.nSollAg;
@@ -91,6 +59,10 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
         Json j = JsonVerifica(s, file, porta.messaggi);
         if (!aperto) j["metodo"] = nullptr;
         Stampa(SuRiga(j) + "\n");
+        return codice;
+    }
+    if (opz.csv) {
+        if (s.RisultatiValidi) Stampa(CsvVerifica(s, file));
         return codice;
     }
     if (!s.RisultatiValidi) return codice;
@@ -137,9 +109,11 @@ int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz) {
             Errore(f, "attenzione, un altro nodo ha lo stesso nome: la sua relazione è riscritta");
         }
     }
+    bool testata = opz.csv;
     return PerOgniFile(
         avvio, opz.file,
         [&](Sessione& s, PortaCli& porta, const std::string& f) {
+            if (std::exchange(testata, false)) Stampa(TestataCsv());
             return VerificaFile(s, porta, opz, f);
         },
         opz.fermati, opz.apri);

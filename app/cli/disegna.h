@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "session/sessione.h"
@@ -7,6 +8,7 @@
 namespace tk07 {
 
 enum class FormaDistinta { tabella, json };
+struct RelazioneEstesa;
 
 // What only a build with the graphic toolkits can do. The small program leaves it empty and hands
 // such commands over to its bigger twin, so that it starts in no time. A routine that is not there
@@ -23,6 +25,11 @@ struct Grafica {
     // The bill of their parts.
     bool (*distinta)(const Sessione& s, FormaDistinta forma, std::string& testo,
                      std::string& errore) = nullptr;
+    // Writes the extended report of the session's joint, read from `file`, as a PDF.
+    bool (*scriviRelazione)(const Sessione& s, const RelazioneEstesa& documento,
+                            const std::string& file, const std::string& uscita,
+                            const std::function<void(int fatte, int tutte)>& avanzamento,
+                            std::string& errore) = nullptr;
 };
 
 struct OpzioniDisegna {

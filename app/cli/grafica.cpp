@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     grafica.gemello = true;
 #ifdef TK07_CON_TAVOLE
     grafica.esportaTavola = tk07::GraficaTavola;
+    grafica.scriviRelazione = tk07::GraficaRelazione;
 #endif
 #ifdef TK07_CON_SOLIDI
     grafica.esportaSolidi = tk07::GraficaSolidi;

@@ -13,6 +13,7 @@
 #include "cli/comandi_cli.h"
 #include "cli/comandi_nodo.h"
 #include "cli/comandi_scena.h"
+#include "cli/comando_relazione.h"
 #include "cli/disegna.h"
 #include "cli/italiano.h"
 #include "cli/porta_cli.h"
@@ -37,6 +38,7 @@ std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
         return resto.empty() ? "manca il comando" : "comando sconosciuto: " + resto.front();
     }
     if (nome == "ValidationError") return soggetto + ": valore non ammesso";
+    if (nome == "ExcludesError") return "opzioni che si escludono";
     if (nome == "ArgumentMismatch") return soggetto + ": numero di valori errato";
     return "argomenti errati";
 }
@@ -106,7 +108,10 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     c->add_option("--metodo", verifica.metodo, "Metodo: slu (NTC 2018) o ta (CNR 10011/88)")
         ->check(CLI::IsMember({"slu", "ta"}).description(""))
         ->type_name("slu|ta");
-    c->add_flag("--json", verifica.json, "Un oggetto JSON per file, su una riga");
+    CLI::Option* conJson =
+        c->add_flag("--json", verifica.json, "Un oggetto JSON per file, su una riga");
+    c->add_flag("--csv", verifica.csv, "Una riga CSV per sestetto: verifica che governa e rapporti")
+        ->excludes(conJson);
     c->add_flag("--fermati", verifica.fermati, "Si ferma se gli interassi non sono rispettati");
     c->add_flag("--apri", verifica.apri, "Apre le relazioni nell'editor di testo");
     c->add_flag("--stampa", verifica.stampa, "Stampa le relazioni");
@@ -190,6 +195,20 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     c->callback([&] {
         codice = VuoleSolidi(scena) && !grafica.gemello ? EseguiGemello(tutti)
                                                         : ComandoScena(avvio, scena, grafica);
+    });
+
+    OpzioniRelazioneCli relazione;
+    c = comando("relazione", "Scrive la relazione di calcolo estesa in PDF",
+                "relazione nodo.tk7 -o nodo.pdf --breve");
+    c->add_option("FILE", relazione.file, "File di nodo (.tk7)")->required()->type_name("");
+    c->add_option("-o", relazione.uscita, "File da scrivere (.pdf)")->required()->type_name("OUT");
+    c->add_flag("--breve", relazione.breve, "Solo verifiche che governano e non soddisfatte");
+    c->add_option("--metodo", relazione.metodo, "Metodo: slu (NTC 2018) o ta (CNR 10011/88)")
+        ->check(CLI::IsMember({"slu", "ta"}).description(""))
+        ->type_name("slu|ta");
+    c->callback([&] {
+        codice =
+            grafica.gemello ? ComandoRelazione(avvio, relazione, grafica) : EseguiGemello(tutti);
     });
 
     c = comando("sezioni", "Elenca i profili della libreria", "sezioni --json");

@@ -16,6 +16,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <tuple>
 
 #include "base/file_testo.h"
 #include "base/testo.h"
@@ -24,6 +25,7 @@
 #include "desktop/pannello_secondario.h"
 #include "desktop/pianta_bulloni.h"
 #include "desktop/pilota.h"
+#include "desktop/relazione_pdf.h"
 #include "desktop/schizzi.h"
 #include "desktop/tabella_piena.h"
 #include "desktop/tavole.h"
@@ -142,6 +144,14 @@ void FinestraPrincipale::ComponiMenu() {
     premi(verifica, "VerificaButt", QStringLiteral("&Verifica"), QKeySequence(Qt::Key_F5));
     connect(verifica->addAction(QStringLiteral("Mostra la &relazione")), &QAction::triggered, this,
             [this] { destra_->setCurrentWidget(relazione_); });
+    for (const auto& [testo, nome, forma] :
+         {std::tuple{"Relazione &estesa (PDF)...", "AzioneRelazioneEstesa", FormaRelazione::estesa},
+          std::tuple{"Relazione &breve (PDF)...", "AzioneRelazioneBreve", FormaRelazione::breve}}) {
+        QAction* a = verifica->addAction(QString::fromUtf8(testo));
+        a->setObjectName(QString::fromUtf8(nome));
+        connect(a, &QAction::triggered, this,
+                [this, forma = forma] { ScriviRelazionePdf(pilota_, forma, this); });
+    }
     premi(verifica, "Opz", QStringLiteral("&Opzioni..."), {});
 
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));

@@ -48,7 +48,7 @@ class BarraRapporto : public QStyledItemDelegate {
                     QPointF(uno, opzione.rect.bottom() - 1.0));
         p->setPen(testo);
         p->drawText(QRectF(opzione.rect).adjusted(0, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter,
-                    TestoRapporto(r) + (r > 1.0 ? QStringLiteral(" ✗") : QStringLiteral(" ✓")));
+                    RapportoMostrato(r) + (r > 1.0 ? QStringLiteral(" ✗") : QStringLiteral(" ✓")));
         p->restore();
     }
 };
@@ -113,7 +113,7 @@ QVariant ModelloRiepilogo::data(const QModelIndex& indice, int ruolo) const {
     if (c == kNumero) return r->sestetto + 1;
     if (c == kNome) return nomi_[static_cast<std::size_t>(indice.row())];
     if (c == kGoverna) return Q(r->Governante().elemento + ", " + r->Governante().controllo);
-    return TestoRapporto(rapporto);
+    return RapportoMostrato(rapporto);
 }
 
 QVariant ModelloRiepilogo::headerData(int sezione, Qt::Orientation verso, int ruolo) const {
@@ -234,7 +234,7 @@ void PaginaRiepilogo::Aggiorna() {
     } else {
         const double massimo = r.righe[static_cast<std::size_t>(r.peggiore)].Rapporto();
         esito = massimo > 1.0 ? QStringLiteral("NON VERIFICATO") : QStringLiteral("VERIFICATO");
-        esito += QStringLiteral("  ") + TestoRapporto(massimo);
+        esito += QStringLiteral("  ") + RapportoMostrato(massimo);
         colore = ColoreRapporto(massimo);
     }
     if (valido) {

@@ -15,6 +15,6 @@ inline QString Misura(double x) {
     return t == QLatin1String("-0") ? QStringLiteral("0") : t;
 }
 // A ratio with two decimals, rounded up above 1 so that a failing check never reads "1.00".
-QString TestoRapporto(double r);
+QString RapportoMostrato(double r);
 
 }  // namespace tk07

@@ -48,7 +48,7 @@ QColor ColoreRapporto(double r) {
     return r > kAttenzione ? QColor(226, 150, 20) : QColor(46, 140, 70);
 }
 
-QString TestoRapporto(double r) {
+QString RapportoMostrato(double r) {
     if (std::isinf(r)) return QStringLiteral("∞");
     if (r > 1.0) return QString::number(std::ceil(r * 100.0 - 1e-9) / 100.0, 'f', 2);
     return QString::number(r, 'f', 2);
@@ -388,11 +388,11 @@ void VistaNodo::mouseMoveEvent(QMouseEvent* evento) {
         if (rapporti_ && f->parte == Parte::bullone &&
             f->indice < static_cast<int>(rapporti_->bulloni.size())) {
             testo += QStringLiteral(": ") +
-                     TestoRapporto(rapporti_->bulloni[static_cast<std::size_t>(f->indice)]);
+                     RapportoMostrato(rapporti_->bulloni[static_cast<std::size_t>(f->indice)]);
         } else if (rapporti_ && f->parte == Parte::saldatura &&
                    rapporti_->saldature[static_cast<std::size_t>(f->indice)] >= 0.0) {
             testo += QStringLiteral(": ") +
-                     TestoRapporto(rapporti_->saldature[static_cast<std::size_t>(f->indice)]);
+                     RapportoMostrato(rapporti_->saldature[static_cast<std::size_t>(f->indice)]);
         }
     }
     QToolTip::showText(evento->globalPosition().toPoint(), testo, this);

@@ -69,6 +69,7 @@ namespace {
 
 // The plane on the bolts, and the largest compression over the vertices of the contact rectangle.
 void PianoSuBulloni(const Nodo& n, const PoligonoCompresso& pol, int s, Risultati& ris) {
+    for (int k = 1; k <= 3; ++k) ris.Piano(s, k) = pol.polPiano(k);
     for (int i = 1; i <= n.nBull; ++i) {
         ris.Sigma(s, i) = ValorePiano(pol.polPiano, n.Xbull(i), n.Ybull(i));
     }

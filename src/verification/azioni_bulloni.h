@@ -27,7 +27,7 @@ void PreparaPoligono(const Nodo& nodo, const GeometriaVerifica& geo, PoligonoCom
 
 // Shares of every bolt for every load set: stress plane, axial share, direct shear and torsion.
 //   Reads       nodo, geo
-//   Writes      ris.Sigma, ris.Sig; TA: ris.Tau; SLU: ris.Ft_Ed, ris.Fv_Ed
+//   Writes      ris.Sigma, ris.Sig, ris.Piano; TA: ris.Tau; SLU: ris.Ft_Ed, ris.Fv_Ed
 //   Actions     daN, daN cm (times 10 in use); Ty positive downwards, Mz pairs with y, My with x
 //   Degenerate  no equilibrium, or torsion on a single point: false after a box
 // Direct shear goes in equal parts to all bolts, whatever their area; friction is not counted.

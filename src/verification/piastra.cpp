@@ -98,6 +98,7 @@ bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce&
             }
             ContattoStriscia(n, st.ySup1, st.ySup2, pol);
             M = M - pol.polRisult(1) + pol.polRisult(3) * st.ySup1;
+            ris.MPiastra2(s, 1) = M;
             ris.SigPiastra2(s, 0) = FlessionePiastra(n, 1, M, ris.SigPiastra2(s, 0));
         }
         if (st.yInf2 - st.yInf1 > 0.0) {
@@ -109,6 +110,7 @@ bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce&
             }
             ContattoStriscia(n, st.yInf1, st.yInf2, pol);
             M = M + pol.polRisult(1) - pol.polRisult(3) * st.yInf2;
+            ris.MPiastra2(s, 2) = M;
             ris.SigPiastra2(s, 0) = FlessionePiastra(n, 2, M, ris.SigPiastra2(s, 0));
         }
     }

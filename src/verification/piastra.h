@@ -16,7 +16,7 @@ Strisce StrisceDi(const Nodo& nodo);
 // Bending of plate 2 in its two overhangs, cantilevers loaded by bolts and contact and stiffened by
 // ribs 1 and 2, for every load set.
 //   Reads       nodo, geo, ris.Sigma [daN/mm2]
-//   Writes      ris.SigPiastra2 [daN/mm2], never negative
+//   Writes      ris.SigPiastra2 [daN/mm2], never negative; ris.MPiastra2 [daN mm]
 //   angolo      rotation of the plate [rad], 0 in this program
 //   Degenerate  a strip without height gives nothing; no equilibrium: false after a box;
 //               GrandezzaNulla for a section without resistance

@@ -20,81 +20,50 @@ double Rapporto(double domanda, double limite) {
     return r > 1.0 ? r : limite > 0.0 && r <= 1.0 ? std::nextafter(1.0, 2.0) : kInfinito;
 }
 
-// Collects the checks of one load set.
-class Raccolta {
-  public:
-    explicit Raccolta(RigaRiepilogo& riga) : riga_(riga) {}
-
-    // Keeps the check if it is the worst of its family; returns the ratio.
-    double operator()(Famiglia f, double rapporto, const char* controllo,
-                      const std::string& elemento) {
-        EsitoControllo& e = riga_.famiglie[static_cast<std::size_t>(f)];
-        if (e.elemento.empty() || rapporto > e.rapporto) e = {rapporto, controllo, elemento};
-        return rapporto;
-    }
-    void Chiudi() {
-        for (int f = 1; f < kFamiglie; ++f) {
-            if (riga_.famiglie[static_cast<std::size_t>(f)].rapporto > riga_.Rapporto()) {
-                riga_.governa = static_cast<Famiglia>(f);
-            }
-        }
-    }
-
-  private:
-    RigaRiepilogo& riga_;
-};
-
-std::string Bullone(int i) { return "bullone " + std::to_string(i); }
-
 struct Contesto {
     const Nodo& n;
     const Opzioni& opz;
     const Risultati& ris;
     int s;
+    std::vector<ControlloElemento>& tutti;
+    void operator()(Famiglia f, const char* nome, int elemento, double domanda,
+                    double limite) const {
+        tutti.push_back({f, nome, elemento, domanda, limite, Rapporto(domanda, limite)});
+    }
 };
 
-void BulloniSLU(const Contesto& c, RigaRiepilogo& riga, Raccolta& r) {
+void BulloniSLU(const Contesto& c) {
     for (int i = 1; i <= c.n.nBull; ++i) {
         // The report tests the rounded coefficients: 1.004 passes.
-        const std::string nome = Bullone(i);
-        const double a =
-            r(Famiglia::bulloni, Rapporto(Arrotonda(c.ris.Co1(c.s, i), 2), 1.0), "Co-1", nome);
-        const double b =
-            r(Famiglia::bulloni, Rapporto(Arrotonda(c.ris.Co2(c.s, i), 2), 1.0), "Co-2", nome);
-        riga.elementi.bulloni[static_cast<std::size_t>(i)] = Max(a, b);
+        c(Famiglia::bulloni, "Co-1", i, Arrotonda(c.ris.Co1(c.s, i), 2), 1.0);
+        c(Famiglia::bulloni, "Co-2", i, Arrotonda(c.ris.Co2(c.s, i), 2), 1.0);
     }
 }
 
-void BulloniTA(const Contesto& c, RigaRiepilogo& riga, Raccolta& r) {
+void BulloniTA(const Contesto& c) {
     const double k = FattoreCaso(c.n, c.s), coeff = CoeffRifollamento(c.n, c.opz, c.s);
     for (int i = 1; i <= c.n.nBull; ++i) {
-        const std::string nome = Bullone(i);
         const double a = c.ris.Sigma(c.s, i) / c.n.vite.SammVite / k;
         const double b = c.ris.Tau(c.s, i) / c.n.vite.TauAmmVite / k;
-        double peggio =
-            r(Famiglia::bulloni, Rapporto(Arrotonda(a * a + b * b, 2), 1.0), "Coeff", nome);
-        const double rif1 = std::fabs(c.ris.SigRifPias1(c.s, i - 1));
-        const double rif2 = std::fabs(c.ris.SigRifPias2(c.s, i - 1));
-        peggio = Max(peggio, r(Famiglia::bulloni, Rapporto(rif1, SammPiastra(c.n, 1) * k * coeff),
-                               "SigRifPias1", nome));
-        peggio = Max(peggio, r(Famiglia::bulloni, Rapporto(rif2, SammPiastra(c.n, 2) * k * coeff),
-                               "SigRifPias2", nome));
-        riga.elementi.bulloni[static_cast<std::size_t>(i)] = peggio;
+        c(Famiglia::bulloni, "Coeff", i, Arrotonda(a * a + b * b, 2), 1.0);
+        c(Famiglia::bulloni, "SigRifPias1", i, std::fabs(c.ris.SigRifPias1(c.s, i - 1)),
+          SammPiastra(c.n, 1) * k * coeff);
+        c(Famiglia::bulloni, "SigRifPias2", i, std::fabs(c.ris.SigRifPias2(c.s, i - 1)),
+          SammPiastra(c.n, 2) * k * coeff);
     }
 }
 
-void Piastre(const Contesto& c, RigaRiepilogo& riga, Raccolta& r) {
+void Piastre(const Contesto& c) {
     const bool slu = c.n.MetodoVerifica() == Metodo::SLU;
     for (int k = 1; k <= 2; ++k) {
         const double sig = k == 1 ? c.ris.Sig(c.s, 0) : c.ris.SigPiastra2(c.s, 0);
         const double limite = slu ? FdPiastra(c.n, k) : SammPiastra(c.n, k) * FattoreCaso(c.n, c.s);
-        riga.elementi.piastre[static_cast<std::size_t>(k - 1)] =
-            r(k == 1 ? Famiglia::piastra1 : Famiglia::piastra2, Rapporto(std::fabs(sig), limite),
-              slu ? "Sig" : "Smax", "piastra " + std::to_string(k));
+        c(k == 1 ? Famiglia::piastra1 : Famiglia::piastra2, slu ? "Sig" : "Smax", k, std::fabs(sig),
+          limite);
     }
 }
 
-void Saldature(const Contesto& c, RigaRiepilogo& riga, Raccolta& r) {
+void Saldature(const Contesto& c) {
     const bool slu = c.n.MetodoVerifica() == Metodo::SLU;
     const FattoriSaldatura slim = FattoriSLU(c.n.acciaio.Nome);
     const FattoriTA ta = FattoriTensAmm(c.n.acciaio.Nome);
@@ -106,19 +75,16 @@ void Saldature(const Contesto& c, RigaRiepilogo& riga, Raccolta& r) {
         for (const int j : {linea, linea + kSpecchio}) {
             const double P = c.ris.MaxS_prp(c.s, j), pa = c.ris.Tau_pa(c.s, j),
                          pe = c.ris.Tau_pe(c.s, j);
-            const std::string nome = "saldatura " + NomeLinea(j);
             const Famiglia f = FamigliaLinea(j);
+            const double e1 = std::sqrt(P * P + pa * pa + pe * pe);
             if (!slu && !ta.noto) {  // no limit for this steel: the report fails every line
-                riga.elementi.saldature[static_cast<std::size_t>(j)] =
-                    r(f, kInfinito, "S_id_adm", nome);
+                c.tutti.push_back({f, "S_id_adm", j, e1, 0.0, kInfinito});
                 continue;
             }
-            const double e1 = std::sqrt(P * P + pa * pa + pe * pe);
             const double e2 = std::fabs(P) + std::fabs(pe);
-            double peggio = r(f, Rapporto(e1, lim1), slu ? "SEq-1" : "S_id", nome);
-            peggio = Max(peggio, r(f, Rapporto(e2, lim2), slu ? "SEq-2" : "|S|+|TauPe|", nome));
             // The report's tests of the single components never exceed that of the resultant.
-            riga.elementi.saldature[static_cast<std::size_t>(j)] = peggio;
+            c(f, slu ? "SEq-1" : "S_id", j, e1, lim1);
+            c(f, slu ? "SEq-2" : "|S|+|TauPe|", j, e2, lim2);
         }
     }
 }
@@ -136,24 +102,60 @@ Famiglia FamigliaLinea(int j) {
     return linea >= 4 && linea <= 9 ? Famiglia::saldatureS2 : Famiglia::saldatureS1;
 }
 
+std::string NomeElemento(const ControlloElemento& c) {
+    switch (c.famiglia) {
+        case Famiglia::bulloni:
+            return "bullone " + std::to_string(c.elemento);
+        case Famiglia::piastra1:
+        case Famiglia::piastra2:
+            return "piastra " + std::to_string(c.elemento);
+        default:
+            return "saldatura " + NomeLinea(c.elemento);
+    }
+}
+
+void ControlliSestetto(const Nodo& n, const Opzioni& opz, const Risultati& ris, int s,
+                       std::vector<ControlloElemento>& tutti) {
+    tutti.clear();
+    const Contesto c{n, opz, ris, s, tutti};
+    if (n.MetodoVerifica() == Metodo::SLU) {
+        BulloniSLU(c);
+    } else {
+        BulloniTA(c);
+    }
+    Piastre(c);
+    Saldature(c);
+}
+
 Riepilogo RiepilogoVerifica(const Nodo& n, const Opzioni& opz, const Risultati& ris) {
     Riepilogo tutto;
     tutto.righe.resize(static_cast<std::size_t>(n.nSollAg));
+    std::vector<ControlloElemento> controlli;
     for (int s = 0; s < n.nSollAg; ++s) {
         RigaRiepilogo& riga = tutto.righe[static_cast<std::size_t>(s)];
         riga.sestetto = s;
         riga.elementi.bulloni.assign(static_cast<std::size_t>(n.nBull) + 1, -1.0);
         riga.elementi.saldature.fill(-1.0);
-        Raccolta r(riga);
-        const Contesto c{n, opz, ris, s};
-        if (n.MetodoVerifica() == Metodo::SLU) {
-            BulloniSLU(c, riga, r);
-        } else {
-            BulloniTA(c, riga, r);
+        ControlliSestetto(n, opz, ris, s, controlli);
+        std::array<const ControlloElemento*, kFamiglie> peggio{};
+        for (const ControlloElemento& c : controlli) {
+            const auto i = static_cast<std::size_t>(c.elemento);
+            double& elemento =
+                c.famiglia == Famiglia::bulloni ? riga.elementi.bulloni[i]
+                : c.famiglia == Famiglia::piastra1 || c.famiglia == Famiglia::piastra2
+                    ? riga.elementi.piastre[i - 1]
+                    : riga.elementi.saldature[i];
+            elemento = Max(elemento, c.rapporto);
+            const ControlloElemento*& p = peggio[static_cast<std::size_t>(c.famiglia)];
+            if (p == nullptr || c.rapporto > p->rapporto) p = &c;
         }
-        Piastre(c, riga, r);
-        Saldature(c, riga, r);
-        r.Chiudi();
+        for (std::size_t f = 0; f < kFamiglie; ++f) {
+            if (peggio[f] == nullptr) continue;
+            riga.famiglie[f] = {peggio[f]->rapporto, peggio[f]->nome, NomeElemento(*peggio[f])};
+            if (f > 0 && peggio[f]->rapporto > riga.Rapporto()) {
+                riga.governa = static_cast<Famiglia>(f);
+            }
+        }
         if (tutto.peggiore < 0 ||
             riga.Rapporto() > tutto.righe[static_cast<std::size_t>(tutto.peggiore)].Rapporto()) {
             tutto.peggiore = s;

@@ -17,7 +17,21 @@ enum class Famiglia { bulloni, piastra1, piastra2, saldatureS1, saldatureS2 };
 inline constexpr int kFamiglie = 5;
 const char* NomeFamiglia(Famiglia f);
 
-// One check: its ratio, its name as the report's column spells it, and the element.
+// One check of one element of a load set, by the report's own tests.
+struct ControlloElemento {
+    Famiglia famiglia = Famiglia::bulloni;
+    const char* nome = "";  // as the report's column spells it: "Co-1", "Sig", "SEq-2", ...
+    int elemento = 0;       // bolt from 1, plate 1 or 2, weld line 0..29
+    double domanda = 0.0, limite = 0.0;  // bolt coefficients [-], else stresses [daN/cm2]
+    double rapporto = 0.0;
+};
+std::string NomeElemento(const ControlloElemento& c);  // "bullone 3", "piastra 2", "saldatura s4'"
+// All checks of load set s into `tutti`, which is emptied before. Arguments as RiepilogoVerifica.
+void ControlliSestetto(const Nodo& nodo, const Opzioni& opz, const Risultati& ris, int s,
+                       std::vector<ControlloElemento>& tutti);
+
+// The worst check of a family: its ratio, its name as the report's column spells it, and the
+// element.
 struct EsitoControllo {
     double rapporto = 0.0;
     std::string controllo;  // "Co-1", "Sig", "SEq-2", ...

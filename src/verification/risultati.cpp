@@ -25,6 +25,8 @@ void AzzeraRisultati(const Nodo& nodo, Risultati& ris) {
     ris.SEq2.Dimensiona(slu ? n : 0);
     ris.Sig.Dimensiona(n);
     ris.SigPiastra2.Dimensiona(n);
+    ris.Piano.Dimensiona(n);
+    ris.MPiastra2.Dimensiona(n);
     ris.Verificato.Dimensiona(n);
     ris.NodoVerificato = false;
 }

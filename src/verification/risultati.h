@@ -21,9 +21,13 @@ struct Risultati {
     TabPerSestetto<double, 0, kMaxBulloni> Fv_Ed, Ft_Ed;  // SLU only
     Tab1<double, 0, kMaxBulloni> Fv_Rd, Fb_Rd, Ft_Rd, Bp_Rd;
     TabPerSestetto<double, 0, kMaxBulloni> Co1, Co2;
+    // The stress plane s(x, y) = c1 y + c2 x + c3, always in daN/mm2.
+    TabPerSestetto<double, 1, 3> Piano;
     // plates
     TabPerSestetto<double, 0, 0> Sig;          // largest compression on plate 1, 0 or negative
     TabPerSestetto<double, 0, 0> SigPiastra2;  // largest bending stress of plate 2
+    // Moments of its overhangs, 1 above and 2 below the beam [daN mm], 0 without one.
+    TabPerSestetto<double, 1, 2> MPiastra2;
     // welds
     Tab1<double, 0, 14> LungSald;
     TabPerSestetto<double, 0, kLineeSaldatura - 1> S_prp1, S_prp2;  // at the two ends

@@ -7,9 +7,11 @@ tk07=$1 gui=$2 foto=${3:-}
 command -v Xvfb > /dev/null && command -v xdotool > /dev/null || exit 77
 
 cartella=$(mktemp -d)
-schermo=:$((80 + $$ % 200))
-Xvfb "$schermo" -screen 0 1280x800x24 > /dev/null 2>&1 &
+# The server picks a display that is free and says which.
+Xvfb -displayfd 1 -screen 0 1280x800x24 > "$cartella/schermo" 2> /dev/null &
 x=$!
+for _ in $(seq 100); do [[ -s $cartella/schermo ]] && break; sleep 0.1; done
+schermo=:$(cat "$cartella/schermo")
 g=
 fine() {
     [[ -n $g ]] && kill "$g" 2> /dev/null

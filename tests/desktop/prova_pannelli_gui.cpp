@@ -465,5 +465,23 @@ TEST(Gui, Foto) {
     });
 }
 
+// The PDF report from the menu: refused without bolts, written for a joint that can be verified.
+TEST(Gui, RelazionePdf) {
+    prova::BancoGui b;
+    auto* breve = b.finestra->findChild<QAction*>("AzioneRelazioneBreve");
+    ASSERT_NE(breve, nullptr);
+    breve->trigger();
+    EXPECT_TRUE(b.porta.HaDetto("La verifica non è possibile!"));
+    b.Apri("01_ipe160_su_ipe270.tk7");
+    const std::string file = (b.cartella / "r.pdf").string();
+    b.porta.file.push_back({file, 1});
+    breve->trigger();
+    EXPECT_TRUE(b.porta.HaDetto("File " + file + " salvato."));
+    EXPECT_EQ(prova::LeggiTesto(file).substr(0, 5), "%PDF-");
+    b.porta.file.push_back({"/manca/r.pdf", 1});
+    breve->trigger();
+    EXPECT_EQ(b.porta.detti.back().segno, Segno::critico);
+}
+
 }  // namespace
 }  // namespace tk07::prova

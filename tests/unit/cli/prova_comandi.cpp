@@ -114,6 +114,46 @@ TEST(Comandi, VerificaJsonHasItsFieldsAndCodes) {
     }
 }
 
+// One head, one row a load set; above 1 exactly where the JSON says not verified, and the governing
+// ratio is the largest of the families.
+TEST(Comandi, VerificaCsv) {
+    const Riga t;
+    std::string nodo = prova::LeggiTesto(t.Esempio(kNonVerificato));
+    const std::size_t nome = nodo.find("G + Q + vento");
+    ASSERT_NE(nome, std::string::npos);
+    nodo.replace(nome, 13, "G; \"Q\", vento");
+    prova::ScriviTesto(t.Esempio(kNonVerificato), nodo);
+    const std::string file =
+        t.Esempio(kNonVerificato) + " " + t.Esempio("manca") + " " + t.Esempio(kVerificato);
+    const Uscita u = t.Esegui("verifica --csv " + file);
+    EXPECT_EQ(u.codice, 2);
+    std::vector<std::string> righe = Dividi(u.testo, '\n');
+    righe.pop_back();
+    ASSERT_EQ(righe.size(), 1u + 2u + 3u);
+    EXPECT_EQ(righe[0],
+              "file;metodo;sestetto;nome;verificato;famiglia;controllo;elemento;rapporto;bulloni;"
+              "piastra_1;piastra_2;saldature_s1;saldature_s2");
+    const std::string quotato = "\"G; \"\"Q\"\", vento\"";
+    EXPECT_TRUE(Contiene(righe[2], ";2;" + quotato + ";0;Saldature S1;S_id;saldatura s12;1.09"));
+    std::vector<Json> sestetti;
+    for (const std::string& riga : Dividi(t.Esegui("verifica --json " + file).testo, '\n')) {
+        if (riga.empty()) continue;
+        const Json j = Json::parse(riga);
+        for (const Json& s : j["sestetti"]) sestetti.push_back(s);
+    }
+    for (std::size_t k = 1; k < righe.size(); ++k) {
+        const auto c = Dividi(SostituisciTesto(righe[k], quotato, "nome"), ';');
+        ASSERT_EQ(c.size(), 14u) << righe[k];
+        const double rapporto = *ValoreStretto(c[8]);
+        double massimo = 0.0;
+        for (std::size_t i = 9; i < 14; ++i) massimo = std::max(massimo, *ValoreStretto(c[i]));
+        EXPECT_EQ(rapporto, massimo);
+        EXPECT_EQ(c[4] == "1", sestetti[k - 1]["verificato"].get<bool>());
+        EXPECT_EQ(rapporto <= 1.0, c[4] == "1");
+    }
+    EXPECT_EQ(t.Esegui("verifica --csv --json " + t.Esempio(kVerificato)).codice, 2);
+}
+
 TEST(Comandi, FilesDoNotInfluenceEachOther) {
     const Riga t;
     prova::ScriviTesto(t.Esempio("scarso"), "[ReleaseQuestoFile=1]\n1 [TipoVer]\n");
