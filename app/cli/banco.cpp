@@ -54,4 +54,15 @@ int ApriFile(Sessione& s, PortaCli& porta, const std::string& file) {
     return kUscitaOk;
 }
 
+int SuNodo(const Avvio& avvio, const std::string& file,
+           const std::function<int(Sessione&)>& lavoro) {
+    Banco banco(avvio);
+    if (!banco.Avviato()) return banco.codice;
+    Sessione& s = *banco.s;
+    int codice = ApriFile(s, banco.porta, file);
+    if (codice != kUscitaOk) return codice;
+    EseguiComando(s, [&] { codice = lavoro(s); });
+    return s.fine ? s.codiceUscita : codice;
+}
+
 }  // namespace tk07

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -25,5 +26,9 @@ struct Banco {
 void Stampa(const std::string& testo);
 // Opens the file in the session; an exit code above 0 ends the work on it.
 int ApriFile(Sessione& s, PortaCli& porta, const std::string& file);
+// Starts a session, opens the file and does the work on it; returns its exit code, or that of
+// what went wrong before.
+int SuNodo(const Avvio& avvio, const std::string& file,
+           const std::function<int(Sessione&)>& lavoro);
 
 }  // namespace tk07

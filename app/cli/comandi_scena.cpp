@@ -73,16 +73,10 @@ int ComandoScena(const Avvio& avvio, const OpzioniScena& opz, const Grafica& gra
         Errore(opz.uscita.empty() ? opz.file : opz.uscita, kSenzaSolidi);
         return kUscitaUso;
     }
-    Banco banco(avvio);
-    if (!banco.Avviato()) return banco.codice;
-    Sessione& s = *banco.s;
-    int codice = ApriFile(s, banco.porta, opz.file);
-    if (codice != kUscitaOk) return codice;
-    EseguiComando(s, [&] {
-        codice =
-            PreparaScena(s, BulloniProvvisori::no) ? Produci(s, opz, grafica) : kUscitaNonPossibile;
+    return SuNodo(avvio, opz.file, [&](Sessione& s) {
+        return PreparaScena(s, BulloniProvvisori::no) ? Produci(s, opz, grafica)
+                                                      : kUscitaNonPossibile;
     });
-    return s.fine ? s.codiceUscita : codice;
 }
 
 }  // namespace tk07

@@ -40,24 +40,17 @@ int ComandoRelazione(const Avvio& avvio, const OpzioniRelazioneCli& opz, const G
         Errore(opz.uscita, "estensione non ammessa: pdf");
         return kUscitaUso;
     }
-    Banco banco(avvio);
-    if (!banco.Avviato()) return banco.codice;
-    Sessione& s = *banco.s;
-    int codice = ApriFile(s, banco.porta, opz.file);
-    if (codice != kUscitaOk) return codice;
-    EseguiComando(s, [&] {
+    return SuNodo(avvio, opz.file, [&](Sessione& s) {
         if (!opz.metodo.empty()) ScegliMetodo(s, opz.metodo == "ta" ? Metodo::TA : Metodo::SLU);
         const RelazionePreparata r = PreparaRelazioneEstesa(
             s.nodo, s.opz, s.unita, opz.breve ? FormaRelazione::breve : FormaRelazione::estesa);
         for (const std::string& m : r.messaggi) MostraAvviso(s.piattaforma, m);
         if (r.esito != EsitoVerifica::completata) {
             MostraAvviso(s.piattaforma, "La verifica non è possibile!");
-            codice = kUscitaNonPossibile;
-            return;
+            return kUscitaNonPossibile;
         }
-        codice = Scrivi(s, r, opz, grafica);
+        return Scrivi(s, r, opz, grafica);
     });
-    return s.fine ? s.codiceUscita : codice;
 }
 
 }  // namespace tk07

@@ -56,17 +56,11 @@ int ComandoDisegna(const Avvio& avvio, const OpzioniDisegna& opz, const Grafica&
         Errore(opz.uscita, "--tipi-linea vale solo per i file dxf");
         return kUscitaUso;
     }
-    Banco banco(avvio);
-    if (!banco.Avviato()) return banco.codice;
-    Sessione& s = *banco.s;
-    int codice = ApriFile(s, banco.porta, opz.file);
-    if (codice != kUscitaOk) return codice;
-    EseguiComando(s, [&] {
+    return SuNodo(avvio, opz.file, [&](Sessione& s) {
         RicalcolaNervatura3(s.nodo);
         ControllaDati(s.nodo, s.opz, s.piattaforma);  // told; the drawing is made all the same
-        if (!Scrivi(s, opz, e, grafica)) codice = kUscitaUso;
+        return Scrivi(s, opz, e, grafica) ? kUscitaOk : kUscitaUso;
     });
-    return s.fine ? s.codiceUscita : codice;
 }
 
 int EseguiGemello(const std::vector<std::string>& argomenti) {
