@@ -19,7 +19,13 @@ fine() {
     rm -rf "$cartella"
 }
 trap fine EXIT
-guasto() { echo "da_zero: $*" >&2; scatta guasto; exit 1; }
+# What went wrong, with what the window's program itself said of it (a sanitizer's account, for one).
+guasto() {
+    echo "da_zero: $*" >&2
+    [[ -f $cartella/detto ]] && head -n 100 "$cartella/detto" >&2
+    scatta guasto
+    exit 1
+}
 scatta() { [[ -n $foto ]] && timeout 5 import -window root "$foto/da_zero_$1.png" 2> /dev/null; true; }
 export DISPLAY=$schermo
 unset QT_QPA_PLATFORM
@@ -28,7 +34,7 @@ for _ in $(seq 50); do timeout 2 xdotool getmouselocation > /dev/null 2>&1 && br
 radice=$cartella/albero
 "$tk07" inizializza "$radice" > /dev/null || guasto "albero non fatto"
 inizio=$(date +%s%N)
-"$gui" --diroot "$radice" > /dev/null 2>&1 &
+"$gui" --diroot "$radice" > "$cartella/detto" 2>&1 &
 g=$!
 for _ in $(seq 500); do
     timeout 2 xdotool search --onlyvisible --name "TK07 - NODO" > /dev/null 2>&1 && break
