@@ -7,11 +7,22 @@ tk07=$1 gui=$2 foto=${3:-}
 command -v Xvfb > /dev/null && command -v xdotool > /dev/null || exit 77
 
 cartella=$(mktemp -d)
-# The server picks a display that is free and says which.
-Xvfb -displayfd 1 -screen 0 1280x800x24 > "$cartella/schermo" 2> /dev/null &
-x=$!
-for _ in $(seq 100); do [[ -s $cartella/schermo ]] && break; sleep 0.1; done
-schermo=:$(cat "$cartella/schermo")
+# The server picks a display that is free and says which; another that starts at the same moment may
+# take it first, then it is asked again.
+x= schermo=
+for _ in 1 2 3; do
+    : > "$cartella/schermo"
+    Xvfb -displayfd 1 -screen 0 1280x800x24 > "$cartella/schermo" 2> /dev/null &
+    x=$!
+    for _ in $(seq 100); do [[ -s $cartella/schermo ]] && break; sleep 0.1; done
+    schermo=:$(cat "$cartella/schermo")
+    for _ in $(seq 50); do
+        DISPLAY=$schermo timeout 2 xdotool getmouselocation > /dev/null 2>&1 && break 2
+        kill -0 "$x" 2> /dev/null || break
+        sleep 0.1
+    done
+    kill "$x" 2> /dev/null
+done
 g=
 fine() {
     [[ -n $g ]] && kill "$g" 2> /dev/null
@@ -29,7 +40,6 @@ guasto() {
 scatta() { [[ -n $foto ]] && timeout 5 import -window root "$foto/da_zero_$1.png" 2> /dev/null; true; }
 export DISPLAY=$schermo
 unset QT_QPA_PLATFORM
-for _ in $(seq 50); do timeout 2 xdotool getmouselocation > /dev/null 2>&1 && break; sleep 0.1; done
 
 radice=$cartella/albero
 "$tk07" inizializza "$radice" > /dev/null || guasto "albero non fatto"
@@ -72,20 +82,23 @@ timeout 5 xdotool key Return
 sleep 0.2
 scatta carichi
 timeout 5 xdotool key F5 # "Verifica"
-sleep 0.5
-timeout 5 xdotool key Return # a box on the spacing rules, if there is one
+relazione=$radice/lavori/esempi/RelSLU_TK07_Nuovo.txt
+for _ in $(seq 20); do
+    sleep 0.5
+    timeout 5 xdotool key Return # a box on the spacing rules, if there is one
+    [[ -f $relazione ]] && break
+done
 sleep 0.5
 scatta verifica
-relazione=$radice/lavori/esempi/RelSLU_TK07_Nuovo.txt
 [[ -f $relazione ]] || guasto "relazione non scritta"
 grep -q "^NODO VERIFICATO IN BASE ALLA COMB. DI SOLLECITAZIONI AGENTI Soll 1" "$relazione" ||
     guasto "nodo non verificato"
 grep -q "Ty = 2000" "$relazione" || guasto "il carico scritto non è nella relazione"
 timeout 5 xdotool key ctrl+s # "Salva"
-sleep 0.4
+for _ in $(seq 40); do [[ -f $radice/lavori/esempi/Nuovo.tk7 ]] && break; sleep 0.1; done
 [[ -f $radice/lavori/esempi/Nuovo.tk7 ]] || guasto "nodo non salvato"
 timeout 5 xdotool key ctrl+q # "Chiudi"
-for _ in $(seq 40); do kill -0 "$g" 2> /dev/null || break; sleep 0.1; done
+for _ in $(seq 100); do kill -0 "$g" 2> /dev/null || break; sleep 0.1; done
 kill -0 "$g" 2> /dev/null && guasto "il programma non si è chiuso"
 wait "$g"
 esito=$?
