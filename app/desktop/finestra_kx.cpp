@@ -11,6 +11,7 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "desktop/numero.h"
 #include "desktop/testo_qt.h"
 #include "textnum/scelta_unita.h"
 
@@ -103,7 +104,7 @@ void FinestraKx::RiempiUnita() {
 }
 
 void FinestraKx::Calcola() {
-    const auto valore = ValoreStretto(S(valore_->text()));
+    const auto valore = ValoreStretto(S(NumeroItaliano(valore_->text())));
     const auto r = valore ? ConvertiTra(*valore, S(da_->currentData().toString()),
                                         S(a_->currentData().toString()))
                           : std::nullopt;

@@ -1,6 +1,7 @@
 #include "desktop/finestra_principale.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -10,12 +11,15 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <tuple>
 
 #include "base/file_testo.h"
@@ -29,16 +33,31 @@
 #include "desktop/schizzi.h"
 #include "desktop/tabella_piena.h"
 #include "desktop/tavole.h"
+#include "desktop/tema.h"
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 #include "desktop/vista_relazione.h"
 
 namespace tk07 {
 
+namespace {
+
+// A text as an entry of a menu: its ampersands are no accelerators.
+QString ComeVoce(const std::string& testo) {
+    return Q(testo).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+std::string FileTema(const Sessione& s) { return s.dir.dirTemp + "\\TK07_aspetto.txt"; }
+
+}  // namespace
+
 FinestraPrincipale::FinestraPrincipale(Pilota& pilota)
     : pilota_(pilota), legame_(new Legame(pilota, "InsDati", this)) {
     setObjectName(QStringLiteral("InsDati"));
     recenti_ = std::make_unique<Recenti>(pilota.LaSessione().dir.dirTemp + "\\TK07_recenti.txt");
+    if (const Tema t = LeggiTema(FileTema(pilota.LaSessione())); t != Tema::sistema) {
+        ApplicaTema(t);
+    }
     ComponiBarra();
     auto* diviso = new QSplitter(Qt::Horizontal, this);
     diviso->setObjectName(QStringLiteral("Diviso"));
@@ -68,15 +87,22 @@ FinestraPrincipale::FinestraPrincipale(Pilota& pilota)
     connect(riepilogo_, &PaginaRiepilogo::sceltaCambiata, this,
             &FinestraPrincipale::AggiornaColori);
     connect(riepilogo_, &PaginaRiepilogo::vaiAllaParte, this, &FinestraPrincipale::VaiAllaParte);
-    connect(riepilogo_, &PaginaRiepilogo::vaiAllaRelazione, this, [this](const QString& nome) {
-        if (relazione_->VaiAlSestetto(nome)) {
-            destra_->setCurrentWidget(relazione_);
-        } else {
-            statusBar()->showMessage(QStringLiteral("Il sestetto non è nella relazione: premere "
-                                                    "Verifica per scriverla"),
-                                     8000);
-        }
-    });
+    connect(riepilogo_, &PaginaRiepilogo::vaiAllaRelazione, this,
+            [this](int sestetto, const QString& nome) {
+                if (relazione_->VaiAlSestetto(sestetto, nome)) {
+                    destra_->setCurrentWidget(relazione_);
+                } else {
+                    statusBar()->showMessage(
+                        QStringLiteral("Il sestetto non è nella relazione: premere "
+                                       "Verifica per scriverla"),
+                        8000);
+                }
+            });
+    connect(relazione_, &VistaRelazione::rigaScelta, this,
+            [this](int sestetto, int famiglia, const QString& elemento) {
+                riepilogo_->Scegli(sestetto);
+                VaiAllaParte(famiglia, elemento);
+            });
     connect(vista_, &VistaNodo::parteScelta, this, &FinestraPrincipale::VaiAlCampo);
     connect(vista_, &VistaNodo::bulloneScelto, this, [this](int numero) {
         schede_->setCurrentIndex(2);
@@ -84,7 +110,8 @@ FinestraPrincipale::FinestraPrincipale(Pilota& pilota)
     });
     Aggiorna();
     AggiornaDisegno();
-    resize(1280, 800);
+    const QSize schermo = screen()->availableSize();
+    resize(std::min(1280, schermo.width()), std::min(800, schermo.height()));
 }
 
 FinestraPrincipale::~FinestraPrincipale() = default;
@@ -118,10 +145,9 @@ void FinestraPrincipale::ComponiMenu() {
     file->addSeparator();
     QAction* recupera = file->addAction(QStringLiteral("Rec&upera..."));
     recupera->setObjectName(QStringLiteral("AzioneRecupera"));
-    connect(recupera, &QAction::triggered, this, [this] {
-        pilota_.CopiaOra();
-        FinestraRecupero(pilota_, this).exec();
-    });
+    // No copy is written first: it would replace the older of the two that are shown.
+    connect(recupera, &QAction::triggered, this,
+            [this] { FinestraRecupero(pilota_, this).exec(); });
     file->addSeparator();
     premi(file, "Chiudi", QStringLiteral("C&hiudi"), QKeySequence::Quit);
 
@@ -153,6 +179,39 @@ void FinestraPrincipale::ComponiMenu() {
                 [this, forma = forma] { ScriviRelazionePdf(pilota_, forma, this); });
     }
     premi(verifica, "Opz", QStringLiteral("&Opzioni..."), {});
+
+    QMenu* nodo = menuBar()->addMenu(QStringLiteral("&Nodo"));
+    premi(nodo, "DefBulloni", QStringLiteral("Definisci &bulloni..."), {});
+    premi(nodo, "ProponiPias", QStringLiteral("Proponi &piastre"), {});
+    premi(nodo, "ProponiNerv", QStringLiteral("Proponi &nervature"), {});
+    premi(nodo, "PropMatButton", QStringLiteral("Proprietà dei &materiali..."), {});
+    nodo->addSeparator();
+    premi(nodo, "ImportaNodida3D", QStringLiteral("&Importa nodi da 3D..."), {});
+    premi(nodo, "ImpS3D", QStringLiteral("Importa &sollecitazioni 3D..."), {});
+
+    QMenu* disegno = menuBar()->addMenu(QStringLiteral("&Disegno"));
+    premi(disegno, "Gen_Dis", QStringLiteral("&Genera disegno..."), {});
+    premi(disegno, "ApriVis", QStringLiteral("&Visualizza disegno"), {});
+    premi(disegno, "bt_vista3d", QStringLiteral("Vista &3D"), {});
+
+    QMenu* aspetto = menuBar()->addMenu(QStringLiteral("&Aspetto"));
+    auto* temi = new QActionGroup(this);
+    const std::string ricordo = FileTema(pilota_.LaSessione());
+    const Tema attuale = LeggiTema(ricordo);
+    for (const auto& [testo, nome, tema] :
+         {std::tuple{"Come il &sistema", "TemaSistema", Tema::sistema},
+          std::tuple{"&Chiaro", "TemaChiaro", Tema::chiaro},
+          std::tuple{"Sc&uro", "TemaScuro", Tema::scuro}}) {
+        QAction* a = aspetto->addAction(QString::fromUtf8(testo));
+        a->setObjectName(QString::fromUtf8(nome));
+        a->setCheckable(true);
+        a->setChecked(tema == attuale);
+        temi->addAction(a);
+        connect(a, &QAction::triggered, this, [ricordo, tema = tema] {
+            ApplicaTema(tema);
+            RicordaTema(ricordo, tema);
+        });
+    }
 
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     premi(aiuto, "LegendaButt", QStringLiteral("&Guida"), QKeySequence::HelpContents);
@@ -189,7 +248,7 @@ QWidget* FinestraPrincipale::ComponiSinistra() {
         schede_->addTab(area, QString::fromUtf8(pagina.titolo));
     }
     legame_->Aggancia("SSTab", schede_);
-    schede_->setMinimumWidth(592);
+    schede_->setMinimumWidth(400);
 
     // Profiles: sketches beside the measures, heads over them.
     QWidget* profili = gruppi[0];
@@ -277,15 +336,18 @@ QWidget* FinestraPrincipale::ComponiDestra() {
     diviso->setChildrenCollapsible(false);
     diviso->setSizes({520, 200});
     colonna->addWidget(diviso, 1);
-    destra_->addTab(foglio, QStringLiteral("Disegno e riepilogo"));
+    destra_->addTab(foglio, QStringLiteral("Disegno e r&iepilogo"));
     relazione_ = new VistaRelazione(destra_);
-    destra_->addTab(relazione_, QStringLiteral("Relazione"));
+    destra_->addTab(relazione_, QStringLiteral("Re&lazione"));
     return destra_;
 }
 
 void FinestraPrincipale::ApriFile(const std::string& file) {
+    if (!pilota_.Leggibile(file)) return;
     pilota_.Fai(QStringLiteral("Apri ") + Q(NomeBase(file)), [&] {
-        EseguiComando(pilota_.LaSessione(), [&] { ApriNodo(pilota_.LaSessione(), file); });
+        bool aperto = false;
+        EseguiComando(pilota_.LaSessione(), [&] { aperto = ApriNodo(pilota_.LaSessione(), file); });
+        if (aperto) pilota_.Conosci(file);
     });
 }
 
@@ -370,7 +432,7 @@ void FinestraPrincipale::AggiornaMenu() {
     const Storia& storia = pilota_.LaStoria();
     const auto testo = [](const char* verbo, const std::string& cosa) {
         return QString::fromUtf8(verbo) +
-               (cosa.empty() ? QString() : QStringLiteral(" - ") + Q(cosa));
+               (cosa.empty() ? QString() : QStringLiteral(" - ") + ComeVoce(cosa));
     };
     annulla_->setEnabled(storia.PuoAnnullare());
     annulla_->setText(testo("&Annulla", storia.CosaAnnulla()));
@@ -389,7 +451,7 @@ void FinestraPrincipale::AggiornaMenu() {
     }
     menuRecenti_->clear();
     for (const std::string& file : recenti_->Elenco()) {
-        QAction* a = menuRecenti_->addAction(Q(file));
+        QAction* a = menuRecenti_->addAction(ComeVoce(PercorsoMostrato(file)));
         connect(a, &QAction::triggered, this, [this, file] { ApriFile(file); });
     }
     menuRecenti_->setEnabled(!recenti_->Elenco().empty());
@@ -438,6 +500,17 @@ void FinestraPrincipale::VaiAllaParte(int famiglia, const QString& elemento) {
     const bool specchio = linea.endsWith(QLatin1Char('\''));
     if (specchio) linea.chop(1);
     vista_->Evidenzia(Parte::saldatura, linea.toInt() - 1 + (specchio ? 15 : 0));
+}
+
+// Some labels bear colours of their own, made for the ground that they were on.
+void FinestraPrincipale::changeEvent(QEvent* evento) {
+    QMainWindow::changeEvent(evento);
+    if (evento->type() != QEvent::PaletteChange || riepilogo_ == nullptr) return;
+    // Once the change has reached every widget.
+    QTimer::singleShot(0, this, [this] {
+        legame_->Aggiorna();
+        riepilogo_->Aggiorna();
+    });
 }
 
 void FinestraPrincipale::closeEvent(QCloseEvent* evento) {

@@ -43,6 +43,7 @@ class FinestraPrincipale : public QMainWindow {
     void MostraRelazione(const QString& percorso);
 
   protected:
+    void changeEvent(QEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
 
   private:

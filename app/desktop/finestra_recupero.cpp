@@ -21,9 +21,9 @@ FinestraRecupero::FinestraRecupero(Pilota& pilota, QWidget* padre)
     auto* colonna = new QVBoxLayout(this);
     auto* spiega = new QLabel(
         QStringLiteral(
-            "Ogni esecuzione del programma scrive due copie alternate del nodo. Le copie "
-            "restano finché non vengono eliminate qui. Aprire una copia lascia il nodo "
-            "attuale in \"Annulla\"."),
+            "Ogni esecuzione del programma scrive due copie alternate del nodo, e conserva il file "
+            "di un altro che un salvataggio sostituisce. Le copie restano finché non vengono "
+            "eliminate qui. Aprire una copia lascia il nodo attuale in \"Annulla\"."),
         this);
     spiega->setWordWrap(true);
     colonna->addWidget(spiega);
@@ -38,6 +38,7 @@ FinestraRecupero::FinestraRecupero(Pilota& pilota, QWidget* padre)
     auto* pulsanti = new QDialogButtonBox(this);
     auto* recupera = pulsanti->addButton(QStringLiteral("&Recupera"), QDialogButtonBox::AcceptRole);
     auto* elimina = pulsanti->addButton(QStringLiteral("&Elimina"), QDialogButtonBox::ActionRole);
+    pulsanti_ = {recupera, elimina};
     pulsanti->addButton(QDialogButtonBox::Close);
     colonna->addWidget(pulsanti);
     connect(recupera, &QPushButton::clicked, this, &FinestraRecupero::Recupera);
@@ -61,12 +62,14 @@ void FinestraRecupero::Riempi() {
     }
     tabella_->resizeColumnsToContents();
     if (!copie_.empty()) tabella_->selectRow(0);
+    for (QPushButton* b : pulsanti_) b->setEnabled(!copie_.empty());
 }
 
 void FinestraRecupero::Recupera() {
     const int i = tabella_->currentRow();
     if (i < 0 || i >= static_cast<int>(copie_.size())) return;
     const CopiaTrovata copia = copie_[static_cast<std::size_t>(i)];
+    if (!pilota_.Leggibile(copia.percorso)) return;
     pilota_.Fai(QStringLiteral("Recupera"), [&] {
         EseguiComando(pilota_.LaSessione(), [&] { ApriCopia(pilota_.LaSessione(), copia); });
     });

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QDialog>
+#include <QList>
 
 #include "session/recupero.h"
 
+class QPushButton;
 class QTableWidget;
 
 namespace tk07 {
@@ -26,6 +28,7 @@ class FinestraRecupero : public QDialog {
     void Riempi();
     Pilota& pilota_;
     QTableWidget* tabella_;
+    QList<QPushButton*> pulsanti_;  // those that need a copy
     std::vector<CopiaTrovata> copie_;
 };
 

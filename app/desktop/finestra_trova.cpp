@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -41,7 +42,7 @@ std::set<int> Numeri(const std::string& lista) {
 VistaModello::VistaModello(const ModelloStr& modello, bool scegliNodi, QWidget* padre)
     : QWidget(padre), modello_(modello), scegliNodi_(scegliNodi) {
     setObjectName(QStringLiteral("VistaModello"));
-    setMinimumSize(360, 280);
+    setMinimumSize(320, 200);
 }
 
 QPointF VistaModello::Piano(const NodoStr& n) const {
@@ -307,7 +308,8 @@ FinestraTrova::FinestraTrova(const ModelloStr& modello, Cosa cosa, const QString
         }
     }
     Aggiorna();
-    resize(720, 620);
+    const QSize schermo = screen()->availableSize();
+    resize(std::min(720, schermo.width()), std::min(620, schermo.height() - 40));
 }
 
 void FinestraTrova::Cambia(const std::set<int>& numeri, bool fascia) {

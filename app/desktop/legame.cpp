@@ -14,9 +14,14 @@
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTimer>
+#include <QWheelEvent>
 
+#include "base/testo.h"
+#include "desktop/numero.h"
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
+#include "session/gestori.h"
+#include "session/importazione.h"
 
 namespace tk07 {
 
@@ -35,6 +40,29 @@ bool Cliccabile(const std::string& base) {
     return base == "LabPiastre" || base.rfind("LabColP", 0) == 0;
 }
 bool DoppioCliccabile(const std::string& base) { return base == "Lb_sol_num" || base == "Lbul"; }
+
+// Fields that hold one number; the others are descriptions, and lists whose commas separate.
+bool Numerico(const std::string& base) {
+    for (const char* altro :
+         {"Tb_sol_descr", "NodiTxt", "Astetxt", "CdCTxt", "CdC2Txt", "SesTxt"}) {
+        if (base == altro) return false;
+    }
+    return true;
+}
+// Fields that the session reads strictly: what is no number would end the program.
+bool Stretto(const std::string& base) {
+    return base == "Tb_deltaX" || base == "Tb_deltaY" || base == "Tb_diam";
+}
+
+// The decimal comma becomes the point that the fields read, with the caret where it was.
+void CorreggiVirgola(QLineEdit* campo) {
+    const QString prima = campo->text(), dopo = VirgolaInPunto(prima);
+    if (dopo == prima) return;
+    const int daFine = static_cast<int>(prima.size()) - campo->cursorPosition();
+    campo->setText(dopo);
+    campo->setCursorPosition(static_cast<int>(dopo.size()) - daFine);
+    campo->setModified(true);
+}
 
 }  // namespace
 
@@ -140,7 +168,14 @@ void Legame::Collega(const std::string& nome, TipoControllo tipo, QObject* ogget
         case TipoControllo::pulsante:
             if (auto* b = qobject_cast<QAbstractButton*>(oggetto)) {
                 connect(b, &QAbstractButton::clicked, this, [this, nome, cosa, &s] {
-                    pilota_.Fai(cosa({}), [&] { PremiPulsante(s, nome, pannello_); });
+                    pilota_.Fai(cosa({}), [&] {
+                        if (!Consentito(nome)) return;
+                        if (nome == "Bt_salva" || nome == "Bt_salva_con_nome") {
+                            pilota_.Salva(nome);
+                        } else {
+                            PremiPulsante(s, nome, pannello_);
+                        }
+                    });
                 });
             }
             break;
@@ -165,6 +200,7 @@ void Legame::Collega(const std::string& nome, TipoControllo tipo, QObject* ogget
                     if (P()[nome].indice == indice) return;
                     pilota_.Fai(cosa({}), [&] { ScegliVoce(s, nome, indice, pannello_); });
                 });
+                l->installEventFilter(this);
             }
             break;
         case TipoControllo::scorrimento:
@@ -196,21 +232,87 @@ void Legame::Collega(const std::string& nome, TipoControllo tipo, QObject* ogget
             break;
     }
     if (auto* campo = qobject_cast<QLineEdit*>(oggetto)) {
-        connect(campo, &QLineEdit::textEdited, this, [this, nome](const QString& testo) {
-            if (pannello_ == "InsDati") pilota_.TestoInCorso(nome, S(testo));
+        connect(campo, &QLineEdit::textEdited, this, [this, nome, campo] {
+            if (Numerico(DividiNome(nome).base)) {
+                CorreggiVirgola(campo);
+                SegnaNumero(campo);
+            }
+            if (pannello_ == "InsDati") pilota_.TestoInCorso(nome, S(campo->text()));
         });
     }
+}
+
+// Presses that would end the program or bring wrong numbers are told of before they are carried
+// out.
+bool Legame::Consentito(const std::string& pulsante) {
+    const Sessione& s = pilota_.LaSessione();
+    if (pannello_ == "FormBulloni" && BulloniOltreIlMassimo(s, pulsante)) {
+        MostraAvviso(s.piattaforma,
+                     "I bulloni sarebbero più di 100: l'operazione non è stata eseguita.");
+        return false;
+    }
+    if (pannello_ == "Soll3D" && pulsante == "Importa") {
+        const std::string avviso = AvvisoAstaAssente(s, TestiSoll3D(s));
+        return avviso.empty() ||
+               s.piattaforma.messaggio(avviso + "\nImportare lo stesso?", kTitoloProgramma,
+                                       Segno::esclamazione, Pulsanti::OKAnnulla) == Risposta::OK;
+    }
+    return true;
 }
 
 bool Legame::eventFilter(QObject* oggetto, QEvent* evento) {
     const auto it = nomi_.constFind(oggetto);
     if (it == nomi_.constEnd()) return false;
     const std::string nome = S(it.value());
+    if (qobject_cast<QComboBox*>(oggetto) != nullptr) {
+        // A page that is scrolled must not change the list that passes under the pointer.
+        if (evento->type() != QEvent::Wheel) return false;
+        evento->ignore();
+        return true;
+    }
     if (auto* campo = qobject_cast<QLineEdit*>(oggetto)) return EventoCampo(campo, nome, evento);
     return EventoEtichetta(nome, evento);
 }
 
+// A text that is not wholly a number stands out while it is typed: only its beginning counts.
+void Legame::SegnaNumero(QLineEdit* campo) {
+    const bool numero = campo->text().trimmed().isEmpty() || SoloNumero(campo->text());
+    QPalette p;
+    if (!numero) {
+        const bool scuro = p.color(QPalette::Base).lightness() < 128;
+        p.setColor(QPalette::Text, scuro ? QColor(255, 120, 120) : QColor(198, 40, 40));
+    }
+    campo->setPalette(p);
+}
+
+// Whether the text may go to the session; what would end the program goes back to what it was.
+bool Legame::TestoAccettabile(QLineEdit* campo, const std::string& nome, int tasto) {
+    const std::string base = DividiNome(nome).base;
+    if (!Numerico(base)) return true;
+    const QString testo = campo->text();
+    const bool numero = SoloNumero(testo);
+    if (!NumeroNeiLimiti(testo) || (Stretto(base) && !numero)) {
+        campo->setText(Q(P()[nome].testo));
+        SegnaNumero(campo);
+        if (tasto != kEsc) {
+            Q_EMIT pilota_.avviso(QStringLiteral("\"%1\" non può essere preso come numero: resta "
+                                                 "il valore di prima")
+                                      .arg(testo.left(40)));
+        }
+        return false;
+    }
+    if (tasto != kEsc && !numero && !testo.trimmed().isEmpty()) {
+        Q_EMIT pilota_.avviso(QStringLiteral("\"%1\" non è un numero: preso come %2")
+                                  .arg(testo.left(40), Q(TestoReale(ValoreIniziale(S(testo))))));
+    }
+    return true;
+}
+
 void Legame::LasciaCampo(QLineEdit* campo, const std::string& nome, int tasto) {
+    if (!TestoAccettabile(campo, nome, tasto)) {
+        pilota_.Fai({}, [] {});  // drawing and judgement without the text
+        return;
+    }
     const std::string testo = S(campo->text());
     campo->setModified(false);
     const Controllo& c = P()[nome];
@@ -238,6 +340,16 @@ bool Legame::EventoCampo(QLineEdit* campo, const std::string& nome, QEvent* even
             pilota_.NonPiuInMano(pannello_, nome);
             if (campo->isModified()) LasciaCampo(campo, nome, 0);
             break;
+        }
+        case QEvent::ShortcutOverride: {
+            // With no text in hand undo and redo are those of the joint, not of the field.
+            auto* t = static_cast<QKeyEvent*>(evento);
+            if (campo->isModified() ||
+                !(t->matches(QKeySequence::Undo) || t->matches(QKeySequence::Redo))) {
+                break;
+            }
+            evento->ignore();
+            return true;
         }
         case QEvent::KeyPress: {
             const int tasto = static_cast<QKeyEvent*>(evento)->key();

@@ -76,6 +76,9 @@ class Legame : public QObject {
     bool EventoCampo(QLineEdit* campo, const std::string& nome, QEvent* evento);
     bool EventoEtichetta(const std::string& nome, QEvent* evento);
     void LasciaCampo(QLineEdit* campo, const std::string& nome, int tasto);
+    bool TestoAccettabile(QLineEdit* campo, const std::string& nome, int tasto);
+    bool Consentito(const std::string& pulsante);
+    static void SegnaNumero(QLineEdit* campo);
 
     Pilota& pilota_;
     std::string pannello_;

@@ -98,7 +98,7 @@ QVariant ModelloRiepilogo::data(const QModelIndex& indice, int ruolo) const {
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     }
     if (ruolo == Qt::ForegroundRole && c >= kPrimaFamiglia && rapporto > 1.0) {
-        return ColoreRapporto(rapporto);
+        return TestoRapporto(rapporto, QGuiApplication::palette().color(QPalette::Base));
     }
     if (ruolo == Qt::FontRole && c >= kPrimaFamiglia && rapporto > 1.0) {
         QFont f;
@@ -139,7 +139,7 @@ PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
     // Never widens the window: a long text goes on below.
     stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
     stato_->setWordWrap(true);
-    auto* vivo = new QCheckBox(QStringLiteral("Verifica dal &vivo"), this);
+    auto* vivo = new QCheckBox(QStringLiteral("V&erifica dal vivo"), this);
     vivo->setObjectName(QStringLiteral("DalVivo"));
     vivo->setToolTip(QStringLiteral("Ricalcola mentre si scrive, senza relazione"));
     vivo->setChecked(pilota.DalVivo());
@@ -149,13 +149,15 @@ PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
     connect(relazione, &QPushButton::clicked, this, [this] {
         const RigaRiepilogo* r = Scelta();
         if (r == nullptr) return;
-        Q_EMIT vaiAllaRelazione(Q(TogliCR(pilota_.NodoDelRiepilogo().NomeSa(r->sestetto))));
+        Q_EMIT vaiAllaRelazione(r->sestetto,
+                                Q(TogliCR(pilota_.NodoDelRiepilogo().NomeSa(r->sestetto))));
     });
     testata->addWidget(esito_);
-    testata->addWidget(stato_, 1);
+    testata->addStretch(1);
     testata->addWidget(vivo);
     testata->addWidget(relazione);
     colonna->addLayout(testata);
+    colonna->addWidget(stato_);
 
     ordinato_ = new QSortFilterProxyModel(this);
     ordinato_->setSourceModel(modello_);
@@ -196,6 +198,13 @@ const RigaRiepilogo* PaginaRiepilogo::Scelta() const {
     return modello_->Riga(ordinato_->mapToSource(righe.constFirst()).row());
 }
 
+void PaginaRiepilogo::Scegli(int sestetto) {
+    for (int i = 0; i < modello_->rowCount(); ++i) {
+        if (modello_->Riga(i)->sestetto != sestetto) continue;
+        tabella_->selectRow(ordinato_->mapFromSource(modello_->index(i, 0)).row());
+    }
+}
+
 void PaginaRiepilogo::Apri(const QModelIndex& indice) {
     const RigaRiepilogo* r = modello_->Riga(ordinato_->mapToSource(indice).row());
     if (r == nullptr) return;
@@ -212,18 +221,13 @@ void PaginaRiepilogo::Aggiorna() {
     const Riepilogo vuoto;
     aggiornando_ = true;
     modello_->Metti(valido ? pilota_.IlRiepilogo() : vuoto, pilota_.NodoDelRiepilogo());
-    if (sestettoScelto_ >= 0 && Scelta() == nullptr) {
-        for (int i = 0; i < modello_->rowCount(); ++i) {
-            if (modello_->Riga(i)->sestetto != sestettoScelto_) continue;
-            tabella_->selectRow(ordinato_->mapFromSource(modello_->index(i, 0)).row());
-        }
-    }
+    if (sestettoScelto_ >= 0 && Scelta() == nullptr) Scegli(sestettoScelto_);
     aggiornando_ = false;
 
     const bool aggiornato = pilota_.ComeRelazione();
     const Riepilogo& r = valido ? pilota_.IlRiepilogo() : vuoto;
     QString esito, stato;
-    QColor colore = palette().color(QPalette::WindowText);
+    QPalette p;  // the application's, but for a verdict
     if (!valido) {
         esito = QStringLiteral("Nessun risultato");
         const auto& perche = esame.incongruenze.empty() ? esame.avvisi : esame.incongruenze;
@@ -235,7 +239,7 @@ void PaginaRiepilogo::Aggiorna() {
         const double massimo = r.righe[static_cast<std::size_t>(r.peggiore)].Rapporto();
         esito = massimo > 1.0 ? QStringLiteral("NON VERIFICATO") : QStringLiteral("VERIFICATO");
         esito += QStringLiteral("  ") + RapportoMostrato(massimo);
-        colore = ColoreRapporto(massimo);
+        p.setColor(QPalette::WindowText, TestoRapporto(massimo, p.color(QPalette::Window)));
     }
     if (valido) {
         if (aggiornato) {
@@ -256,11 +260,19 @@ void PaginaRiepilogo::Aggiorna() {
     QFont f = font();
     f.setBold(true);
     esito_->setFont(f);
-    QPalette p = palette();
-    p.setColor(QPalette::WindowText, colore);
+    // Superseded results must not pass for the joint's: the word stands out, the verdict does not.
+    QPalette superato;
+    if (pilota_.Superati()) {
+        superato.setColor(QPalette::WindowText,
+                          TestoRapporto(0.9, superato.color(QPalette::Window)));
+        if (!pilota_.DalVivo()) p = QPalette();
+    }
+    stato_->setFont(pilota_.Superati() ? f : font());
+    stato_->setPalette(superato);
     esito_->setPalette(p);
     esito_->setText(esito);
     stato_->setText(stato);
+    stato_->setVisible(!stato.isEmpty());
     Q_EMIT sceltaCambiata();
 }
 

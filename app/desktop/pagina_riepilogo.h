@@ -43,13 +43,15 @@ class PaginaRiepilogo : public QWidget {
     void Aggiorna();
     // Row selected, nullptr for none.
     const RigaRiepilogo* Scelta() const;
+    // Selects the row of a load set (from 0), if it is shown.
+    void Scegli(int sestetto);
     QTableView* Tabella() const { return tabella_; }
 
   Q_SIGNALS:
     void sceltaCambiata();
     // A failing row was double-clicked: to the governing element of that load set.
     void vaiAllaParte(int famiglia, const QString& elemento);
-    void vaiAllaRelazione(const QString& nomeSestetto);
+    void vaiAllaRelazione(int sestetto, const QString& nome);
 
   private:
     void Apri(const QModelIndex& indice);

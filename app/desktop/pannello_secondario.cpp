@@ -13,8 +13,11 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "base/testo.h"
 #include "desktop/pianta_bulloni.h"
@@ -43,6 +46,16 @@ QIcon IconaLinea(int i, const QPalette& tavolozza) {
     QPainter p(&disegno);
     p.setPen(QPen(tavolozza.color(QPalette::WindowText), 2.0, kTipi[i % 5]));
     p.drawLine(0, 6, 43, 6);
+    return QIcon(disegno);
+}
+
+// A square with a rim, so that white and black are seen on every ground.
+QIcon IconaColore(int i, const QPalette& tavolozza) {
+    QPixmap disegno(16, 16);
+    disegno.fill(ColoreTavola(i));
+    QPainter p(&disegno);
+    p.setPen(tavolozza.color(QPalette::WindowText));
+    p.drawRect(0, 0, 15, 15);
     return QIcon(disegno);
 }
 
@@ -84,7 +97,8 @@ PannelloSecondario::PannelloSecondario(Pilota& pilota, const std::string& nome, 
             auto* testo = new QPlainTextEdit(cornice);
             testo->setObjectName(QStringLiteral("AnteprimaImport"));
             testo->setReadOnly(true);
-            testo->setMinimumSize(560, 190);
+            testo->setMinimumSize(660, 230);
+            testo->setLineWrapMode(QPlainTextEdit::NoWrap);
             dentro->addWidget(testo);
             colonna->insertWidget(1, cornice, 1);
             spiega_ = testo;
@@ -126,7 +140,17 @@ void PannelloSecondario::ComponiBulloni() {
         griglia->setRowStretch(10, 1);
         elenco->setMinimumHeight(fontMetrics().height() * 21);
     }
-    riga->addWidget(lista);
+    // On a low screen the groups scroll, the plan stays.
+    auto* area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(lista);
+    area->setFixedWidth(lista->width() + area->verticalScrollBar()->sizeHint().width());
+    const int schermo = screen()->availableSize().height() - 40;
+    const int alto = std::min(sinistra->minimumSize().height(), schermo - 24);
+    area->setMinimumHeight(alto);
+    riga->addWidget(area);
     auto* destra = new QVBoxLayout;
     pianta_ = new PiantaBulloni(pilota_, PiantaBulloni::Fonte::pannello, this);
     legame_->Aggancia("DisBulloni", pianta_);
@@ -139,7 +163,7 @@ void PannelloSecondario::ComponiBulloni() {
     destra->addWidget(pianta_, 1);
     destra->addWidget(aiuto);
     riga->addLayout(destra, 1);
-    resize(980, 700);
+    resize(980, std::min(std::max(700, alto + 24), schermo));
 }
 
 void PannelloSecondario::ComponiOpzioni() {
@@ -208,9 +232,8 @@ void PannelloSecondario::Tingi() {
         }
         if (nome.rfind("ColoriCh", 0) == 0) {
             if (QWidget* w = legame_->Elemento(nome)) {
-                w->setStyleSheet(
-                    QStringLiteral("QCheckBox { border-left: 8px solid %1; padding-left: 2px; }")
-                        .arg(ColoreTavola(DividiNome(nome).indice).name()));
+                auto* casella = qobject_cast<QCheckBox*>(w);
+                casella->setIcon(IconaColore(DividiNome(nome).indice, palette()));
             }
         }
     }
@@ -221,9 +244,16 @@ void PannelloSecondario::Aggiorna() {
     if (nome_ == "FormOpz_Cond" || nome_ == "selezione") Tingi();
     if (pianta_ != nullptr) pianta_->update();
     if (auto* testo = qobject_cast<QPlainTextEdit*>(spiega_)) {
-        const QString spiegazione =
-            Q(SpiegaImportazione(pilota_.LaSessione().InsDati["CheckMaxMin"].valore == 1));
-        if (testo->toPlainText() != spiegazione) testo->setPlainText(spiegazione);
+        const Sessione& s = pilota_.LaSessione();
+        const TestiImportazione t = TestiSoll3D(s);
+        const bool maxMin = s.InsDati["CheckMaxMin"].valore == 1;
+        // The result files are read again only for another question.
+        const std::string chiave = t.nodi + "|" + t.aste + "|" + t.casi + "|" + t.condizioni + "|" +
+                                   t.sestetti + "|" + std::to_string(s.nodo.nSollAg);
+        if (chiave == anteprimaDi_) return;
+        anteprimaDi_ = chiave;
+        testo->setPlainText(
+            Q(AnteprimaImportazione(s, t, maxMin) + "\n" + SpiegaImportazione(maxMin)));
     }
 }
 
@@ -239,7 +269,12 @@ void PannelloSecondario::closeEvent(QCloseEvent* evento) {
 
 void PannelloSecondario::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Escape) {
-        if (nome_ != "FormBulloni") close();
+        // Bolts that are being placed are not thrown away by a key.
+        if (pianta_ == nullptr) {
+            close();
+        } else {
+            pianta_->Rinuncia();
+        }
         return;
     }
     if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) return;

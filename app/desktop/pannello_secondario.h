@@ -36,6 +36,7 @@ class PannelloSecondario : public QDialog {
     Pilota& pilota_;
     std::string nome_;
     Legame* legame_;
+    std::string anteprimaDi_ = "-";  // what the preview of the import was made for
     PiantaBulloni* pianta_ = nullptr;
     QWidget* spiega_ = nullptr;
 };

@@ -18,7 +18,13 @@ namespace tk07 {
 namespace {
 
 constexpr int kRighe = 9;  // bolts that the panel's list shows at once
-const QColor kBlu(0, 0, 255), kRossoNumero(220, 0, 0), kScelto(255, 170, 0);
+const QColor kScelto(255, 170, 0);
+
+// Blue circles and red numbers, lighter where the ground is dark.
+QColor Blu(bool scuro) { return scuro ? QColor(130, 175, 255) : QColor(0, 0, 255); }
+QColor Rosso(bool scuro) { return scuro ? QColor(255, 120, 110) : QColor(255, 0, 0); }
+QColor Minimo(bool scuro) { return scuro ? QColor(255, 160, 70) : QColor(200, 90, 0); }
+QColor Massimo(bool scuro) { return scuro ? QColor(175, 175, 175) : QColor(110, 110, 110); }
 
 // Brings bolt `i` into the panel's list; its row.
 int RigaDelBullone(Sessione& s, int i) {
@@ -65,6 +71,8 @@ QPointF PiantaBulloni::InMm(const QPointF& q) const {
             centro_.y() - (q.y() - height() / 2.0) / scala_};
 }
 
+bool PiantaBulloni::Scuro() const { return palette().color(QPalette::Base).lightness() < 128; }
+
 void PiantaBulloni::Adatta() {
     const DisegnoNodo d = ComponiDisegno(pilota_.NodoMostrato(), 0.0);
     QRectF e;
@@ -101,14 +109,15 @@ void PiantaBulloni::DisegnaLimiti(QPainter& p, const std::vector<Bullone>& b) co
     if (fonte_ != Fonte::pannello) return;
     const Sessione& s = pilota_.LaSessione();
     p.setBrush(Qt::NoBrush);
+    const bool scuro = Scuro();
     for (std::size_t i = 0; i < b.size(); ++i) {
         const bool inMano = static_cast<int>(i) + 1 == sotto_ || static_cast<int>(i) + 1 == preso_;
         if (!inMano && !b[i].scelto) continue;
         const LimitiProposta l = LimitiPerProposta(s.nodo, s.opz, b[i].d);
-        p.setPen(QPen(QColor(200, 90, 0), 1.0, Qt::DashLine));
+        p.setPen(QPen(Minimo(scuro), 1.0, Qt::DashLine));
         p.drawEllipse(InPixel({b[i].x, b[i].y}), l.passoMinX * scala_, l.passoMinY * scala_);
         if (!inMano) continue;
-        p.setPen(QPen(QColor(120, 120, 120), 1.0, Qt::DotLine));
+        p.setPen(QPen(Massimo(scuro), 1.0, Qt::DotLine));
         p.drawEllipse(InPixel({b[i].x, b[i].y}), l.passoMax * scala_, l.passoMax * scala_);
         const auto fascia = [&](double ex, double ey, const QColor& colore) {
             const Rettangolo& c = l.comune;
@@ -117,11 +126,11 @@ void PiantaBulloni::DisegnaLimiti(QPainter& p, const std::vector<Bullone>& b) co
             p.drawRect(
                 QRectF(InPixel({c.xMin + ex, c.yMax - ey}), InPixel({c.xMax - ex, c.yMin + ey})));
         };
-        fascia(l.eMinX, l.eMinY, QColor(200, 90, 0));
-        fascia(l.eMaxX, l.eMaxY, QColor(120, 120, 120));
+        fascia(l.eMinX, l.eMinY, Minimo(scuro));
+        fascia(l.eMaxX, l.eMaxY, Massimo(scuro));
     }
     // Bolts closer than the least spacing of each other.
-    p.setPen(QPen(kRossoNumero, 2.0));
+    p.setPen(QPen(Rosso(scuro), 2.0));
     for (std::size_t i = 0; i < b.size(); ++i) {
         for (std::size_t j = i + 1; j < b.size(); ++j) {
             const LimitiProposta l = LimitiPerProposta(s.nodo, s.opz, std::min(b[i].d, b[j].d));
@@ -160,13 +169,13 @@ void PiantaBulloni::paintEvent(QPaintEvent*) {
     for (std::size_t i = 0; i < b.size(); ++i) {
         const QPointF c = InPixel({b[i].x, b[i].y});
         const double r = (b[i].d + gioco) / 2.0 * scala_;
-        p.setPen(QPen(kBlu, static_cast<int>(i) + 1 == sotto_ ? 2.5 : 1.4));
+        p.setPen(QPen(Blu(Scuro() && !b[i].scelto), static_cast<int>(i) + 1 == sotto_ ? 2.5 : 1.4));
         p.setBrush(b[i].scelto ? kScelto : QColor(Qt::transparent));
         p.drawEllipse(c, r, r);
         p.drawLine(c - QPointF(r, 0), c + QPointF(r, 0));
         p.drawLine(c - QPointF(0, r), c + QPointF(0, r));
         if (fonte_ == Fonte::nodo) continue;
-        p.setPen(kRossoNumero);
+        p.setPen(Rosso(Scuro()));
         p.drawText(c + QPointF(r + 2.0, p.fontMetrics().height()), QString::number(i + 1));
     }
     if (fasciaDa_) {
@@ -237,6 +246,9 @@ void PiantaBulloni::mouseMoveEvent(QMouseEvent* evento) {
         fasciaA_ = evento->position();
     } else {
         sotto_ = BulloneIn(evento->position());
+        setCursor(s.bulloni.attesaClick == 1 ? Qt::CrossCursor
+                  : sotto_ > 0               ? Qt::SizeAllCursor
+                                             : Qt::ArrowCursor);
         pilota_.Muovi(
             [&] { Mouse(s, "DisBulloni", EventoMouse::muovi, mm.x(), mm.y(), "FormBulloni"); });
     }
@@ -309,10 +321,15 @@ void PiantaBulloni::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() != Qt::Key_Escape || fonte_ == Fonte::nodo) {
         return QWidget::keyPressEvent(evento);
     }
-    // The press is awaited no longer; the key reaches the panel through a field, text unchanged.
+    Rinuncia();
+}
+
+// The press is awaited no longer; the key reaches the panel through a field, text unchanged.
+void PiantaBulloni::Rinuncia() {
     Sessione& s = pilota_.LaSessione();
     preso_ = 0;
     fasciaDa_.reset();
+    setCursor(Qt::ArrowCursor);
     pilota_.Muovi([&] {
         ScriviCampo(s, "DiamProponi", s.FormBulloni["DiamProponi"].testo, 27, "FormBulloni");
         s.piattaforma.puntatore(0);

@@ -28,6 +28,8 @@ class PiantaBulloni : public QWidget {
     // Bolt under a point, 0 for none.
     int BulloneIn(const QPointF& pixel) const;
     void Adatta();
+    // Esc: what the mouse was about to do is given up.
+    void Rinuncia();
     QSize sizeHint() const override { return {420, 520}; }
 
   protected:
@@ -46,6 +48,7 @@ class PiantaBulloni : public QWidget {
         bool scelto = false;
     };
     std::vector<Bullone> Bulloni() const;  // bolt i at i - 1, with what is being dragged
+    bool Scuro() const;
     void DisegnaLimiti(QPainter& p, const std::vector<Bullone>& b) const;
     void Sposta(const QPointF& delta);
     void Scegli(const QRectF& mm, bool aggiungi);

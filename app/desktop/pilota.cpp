@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <chrono>
+#include <filesystem>
+#include <utility>
 
 #include "base/file_testo.h"
 #include "desktop/testo_qt.h"
@@ -28,10 +31,14 @@ Pilota::Pilota(QObject* padre)
 Pilota::~Pilota() = default;
 
 bool Pilota::Avvia(const struct Avvio& avvio) {
-    s_->piattaforma.scegliFile = [this,
-                                  scegli = s_->piattaforma.scegliFile](const RichiestaFile& r) {
+    s_->piattaforma.scegliFile = [this, scegli = s_->piattaforma.scegliFile](
+                                     const RichiestaFile& r) -> std::optional<FileScelto> {
         auto scelto = scegli(r);
-        if (scelto) ultimoFile_ = scelto->percorso;
+        if (scelto && r.filtro == kFiltroNodo) {
+            if (r.modo == ModoFile::apri && !Leggibile(scelto->percorso)) return {};
+            ultimoFile_ = scelto->percorso;
+            Conosci(ultimoFile_);  // overwriting was asked for by the dialog
+        }
         return scelto;
     };
     bool avviata = false;
@@ -75,12 +82,14 @@ void Pilota::Fai(const QString& cosa, const std::function<void()>& comando) {
         if (s_->fine) return;
     }
     Storia::Stato prima = Storia::Fotografa(*s_);
+    s_->ultimaLettura = NoteLettura{};
     ++inCorso_;
     comando();
     --inCorso_;
     const bool passo = storia_.Registra(*s_, std::move(prima), S(cosa));
     if (passo && !copia_.isActive()) copia_.start();
     DopoComando();
+    if (!s_->fine) AvvisaLetturaParziale();
 }
 
 void Pilota::Muovi(const std::function<void()>& comando) {
@@ -168,6 +177,74 @@ const Riepilogo& Pilota::IlRiepilogo() const {
 
 const Nodo& Pilota::NodoDelRiepilogo() const {
     return dalVivo_ && !ComeRelazione() ? *mostrato_ : *nodoVerificato_;
+}
+
+bool Pilota::Leggibile(const std::string& file) const {
+    const auto prova = std::make_unique<Nodo>();
+    const Piattaforma muta = PiattaformaMuta();
+    double releaseArgano = 0.0, releaseFile = 0.0;
+    try {
+        // What is no file at all is told by the command that opens it.
+        if (LeggiRelease(file, releaseArgano, releaseFile, false, muta) && releaseFile >= 1.0) {
+            LeggiFileNodo(*prova, file, muta);
+        }
+        return true;
+    } catch (const ErroreFatale& e) {
+        MostraErrore(s_->piattaforma,
+                     "File: " + PercorsoMostrato(file) + "\n" + e.what() +
+                         (e.Dove().empty() ? "" : "\n" + e.Dove()),
+                     "TK07 - LETTURA NON RIUSCITA");
+        return false;
+    }
+}
+
+// A file that lacks data leaves those of the joint before: a mixture must not pass in silence.
+void Pilota::AvvisaLetturaParziale() {
+    const NoteLettura note = std::exchange(s_->ultimaLettura, NoteLettura{});
+    std::string testo;
+    if (note.RigaInterrotta > 0) {
+        testo = "Il file è letto fino alla riga " + std::to_string(note.RigaInterrotta) + " (" +
+                note.Causa + "). Per il resto valgono i dati del nodo che era aperto";
+    } else if (const std::size_t n = note.ChiaviMancanti.size(); n > 0) {
+        constexpr std::size_t kNominate = 6;
+        std::string nomi;
+        for (std::size_t i = 0; i < n && i < kNominate; ++i) {
+            nomi += (i > 0 ? ", " : "") + note.ChiaviMancanti[i];
+        }
+        testo = "Il file è incompleto o rovinato: mancano " + std::to_string(n) + " dati (" + nomi +
+                (n > kNominate ? ", ..." : "") +
+                "). Per questi valgono quelli del nodo che era aperto";
+    }
+    if (testo.empty()) return;
+    MostraAvviso(s_->piattaforma, testo + ": controllare ogni pagina, o annullare.");
+}
+
+void Pilota::Conosci(const std::string& file) { conosciuti_.insert(PercorsoPiattaforma(file)); }
+
+void Pilota::Salva(const std::string& pulsante) {
+    std::string file;
+    if (pulsante == "Bt_salva") {
+        file = PercorsoPiattaforma(s_->dir.dirLavoro + "\\" + s_->nomeFile + ".tk7");
+        if (conosciuti_.count(file) == 0 && EsisteFile(file) && copie_) {
+            const std::string errore = copie_->Conserva(file);
+            Q_EMIT avviso(errore.empty()
+                              ? QStringLiteral("Il file di prima è in File, Recupera")
+                              : QStringLiteral("Copia automatica non riuscita: ") + Q(errore));
+        }
+    }
+    // The clock of files may lag behind by some milliseconds.
+    const auto inizio =
+        std::filesystem::file_time_type::clock::now() - std::chrono::milliseconds(50);
+    const std::string altroPrima = ultimoFile_;
+    ultimoFile_.clear();
+    PremiPulsante(*s_, pulsante, "InsDati");
+    if (pulsante != "Bt_salva") file = PercorsoPiattaforma(ultimoFile_);
+    if (ultimoFile_.empty()) ultimoFile_ = altroPrima;
+    std::error_code ec;
+    const auto scritto = std::filesystem::last_write_time(file, ec);
+    if (file.empty() || ec || scritto < inizio) return;  // refused or failed: it was told
+    Conosci(file);
+    Q_EMIT avviso(QStringLiteral("Nodo salvato in ") + Q(PercorsoMostrato(file)));
 }
 
 void Pilota::CopiaOra() {

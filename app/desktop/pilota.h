@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <set>
 
 #include "session/recupero.h"
 #include "session/sessione.h"
@@ -65,6 +66,14 @@ class Pilota : public QObject {
 
     // The file chosen last in a dialog; empty before.
     const std::string& UltimoFile() const { return ultimoFile_; }
+    // Presses one of the two save buttons and tells where the joint was written. A file of the job
+    // that this run has neither opened nor written is another's work: it is kept among the
+    // automatic copies before it is replaced.
+    void Salva(const std::string& pulsante);
+    // Whether a joint file can be opened without a fatal fault; told when not.
+    bool Leggibile(const std::string& file) const;
+    // The joint was read from that file: saving over it takes nobody by surprise.
+    void Conosci(const std::string& file);
     // Writes the automatic copy now, if the joint has changed.
     void CopiaOra();
 
@@ -79,6 +88,7 @@ class Pilota : public QObject {
 
   private:
     void DopoComando();
+    void AvvisaLetturaParziale();
     void Esamina();
 
     std::unique_ptr<Sessione> s_;
@@ -92,6 +102,7 @@ class Pilota : public QObject {
     bool scrivendo_ = false;  // a text is being typed, and the joint shown has it
     int inCorso_ = 0;
     std::string ultimoFile_;
+    std::set<std::string> conosciuti_;  // files opened or written by this run
     double ultimoMs_ = 0.0;
     std::string pannelloInMano_, campo_;
     std::function<void()> lascia_;

@@ -49,6 +49,12 @@ QStringList Filtri(const std::string& filtro) {
     return l;
 }
 
+// "dxf" of "AutoCAD (*.dxf)"; empty for all files.
+QString EstensioneDi(const QString& filtro) {
+    const QString modello = filtro.section(QLatin1Char('('), -1).remove(QLatin1Char(')'));
+    return modello.startsWith(QLatin1String("*.")) ? modello.mid(2) : QString();
+}
+
 std::optional<FileScelto> Scegli(QWidget* padre, const RichiestaFile& r) {
     const bool salva = r.modo == ModoFile::salva;
     QFileDialog d(padre);
@@ -61,6 +67,20 @@ std::optional<FileScelto> Scegli(QWidget* padre, const RichiestaFile& r) {
     d.setDefaultSuffix(Q(r.estensione));
     const QStringList filtri = Filtri(r.filtro);
     if (!filtri.isEmpty()) d.setNameFilters(filtri);
+    if (salva && EstensioneDi(filtri.value(0)) == Q(r.estensione)) {
+        // The name follows the kind of file that is chosen.
+        QObject::connect(&d, &QFileDialog::filterSelected, &d, [&d, filtri](const QString& filtro) {
+            const QString estensione = EstensioneDi(filtro);
+            if (estensione.isEmpty()) return;
+            d.setDefaultSuffix(estensione);
+            const QFileInfo f(d.selectedFiles().value(0));
+            for (const QString& altro : filtri) {
+                if (f.suffix().isEmpty() || f.suffix() != EstensioneDi(altro)) continue;
+                d.selectFile(f.completeBaseName() + QLatin1Char('.') + estensione);
+                break;
+            }
+        });
+    }
     if (!r.direttorio.empty()) d.setDirectory(Q(PercorsoPiattaforma(r.direttorio)));
     if (!r.nomeIniziale.empty()) {
         const QFileInfo f(Q(PercorsoPiattaforma(r.nomeIniziale)));

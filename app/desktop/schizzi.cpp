@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "base/aritmetica.h"
+#include "desktop/vista_nodo.h"
 
 namespace tk07 {
 
@@ -42,7 +43,7 @@ void SchizzoSezione::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     p.scale(width() / (s.xMax - s.xMin), -height() / (s.yMax - s.yMin));
     p.translate(-s.xMin, -s.yMax);
-    QPen penna(palette().color(QPalette::Text), 1.2);
+    QPen penna(palette().color(QPalette::WindowText), 1.2);
     penna.setCosmetic(true);
     p.setPen(penna);
     p.drawLines(linee_);
@@ -58,11 +59,12 @@ SchemaAzioni::SchemaAzioni(QWidget* padre) : QWidget(padre) {
 void SchemaAzioni::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const QColor testo = palette().color(QPalette::Text), azione(20, 110, 220);
+    const QColor testo = palette().color(QPalette::WindowText);
+    const QColor azione = ColoreMarcato(palette().color(QPalette::Window));
     const double h = height() - 16.0;
     const QRectF piastra(34.0, 8.0, h * 0.62, h);
     p.setPen(QPen(testo, 1.0));
-    p.setBrush(QColor(176, 190, 206, 120));
+    p.setBrush(QColor(176, 190, 206, 60));
     p.drawRect(piastra);
     const QPointF c = piastra.center();
     const double b = piastra.width() * 0.28, v = piastra.height() * 0.3;

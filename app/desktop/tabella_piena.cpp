@@ -4,9 +4,10 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QRegularExpression>
+#include <QMimeData>
 
 #include "base/testo.h"
+#include "desktop/numero.h"
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
 #include "session/gestori.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr const char* kCampi[] = {"Tb_sol_descr", "TxtSN", "TxtTy", "TxtTz",
                                   "TxtMt",        "TxtMy", "TxtMz", "CasCar"};
 constexpr int kCaso = 7;
+const QString kFormato = QStringLiteral("application/x-tk07-sestetti");
 
 }  // namespace
 
@@ -54,6 +56,7 @@ QString ModelloCarichi::Testo(int riga, int colonna) const {
 
 QVariant ModelloCarichi::data(const QModelIndex& i, int ruolo) const {
     if (ruolo == Qt::DisplayRole || ruolo == Qt::EditRole) return Testo(i.row(), i.column());
+    if (ruolo == Qt::ToolTipRole) return Testo(i.row(), i.column());  // whole, however narrow
     if (ruolo == Qt::TextAlignmentRole && i.column() > 0) {
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -79,7 +82,16 @@ Qt::ItemFlags ModelloCarichi::flags(const QModelIndex& i) const {
 
 bool ModelloCarichi::setData(const QModelIndex& i, const QVariant& valore, int ruolo) {
     if (ruolo != Qt::EditRole || valore.toString() == Testo(i.row(), i.column())) return false;
-    Scrivi(i.row(), i.column(), {{valore.toString()}});
+    QString testo = valore.toString();
+    if (i.column() > 0) {
+        testo = NumeroItaliano(testo);
+        if (!SoloNumero(testo)) {
+            Q_EMIT pilota_.avviso(QStringLiteral("\"%1\" non è un numero: resta il valore di prima")
+                                      .arg(testo.left(40)));
+            return false;
+        }
+    }
+    Scrivi(i.row(), i.column(), {{testo}});
     return true;
 }
 
@@ -115,16 +127,17 @@ void ModelloCarichi::Scrivi(int riga, int colonna, const QList<QStringList>& cel
 }
 
 TabellaPiena::TabellaPiena(Pilota& pilota, QWidget* padre)
-    : QTableView(padre), modello_(new ModelloCarichi(pilota, this)) {
+    : QTableView(padre), pilota_(pilota), modello_(new ModelloCarichi(pilota, this)) {
     setObjectName(QStringLiteral("TabellaPiena"));
     setModel(modello_);
     setSelectionMode(QAbstractItemView::ContiguousSelection);
     setToolTip(QStringLiteral("Ctrl+C copia, Ctrl+V incolla da un foglio di calcolo"));
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     const int lettera = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    // The description takes what the numbers leave; their columns can be widened.
     horizontalHeader()->setMinimumSectionSize(4 * lettera);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    horizontalHeader()->setSectionResizeMode(kCaso, QHeaderView::Fixed);
+    horizontalHeader()->setDefaultSectionSize(9 * lettera);
+    horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     horizontalHeader()->resizeSection(kCaso, 4 * lettera);
 }
 
@@ -141,32 +154,29 @@ void TabellaPiena::Copia() {
         }
         testo += QLatin1Char('\n');
     }
-    QApplication::clipboard()->setText(testo);
-}
-
-QList<QStringList> TabellaPiena::Celle(const QString& testo) {
-    QList<QStringList> righe;
-    QString t = testo;
-    t.remove(QLatin1Char('\r'));
-    while (t.endsWith(QLatin1Char('\n'))) t.chop(1);
-    if (t.isEmpty()) return righe;
-    static const QRegularExpression virgola(QStringLiteral("^\\s*[-+]?\\d+,\\d*\\s*$"));
-    for (const QString& riga : t.split(QLatin1Char('\n'))) {
-        QStringList celle = riga.split(QLatin1Char('\t'));
-        for (QString& c : celle) {
-            if (virgola.match(c).hasMatch()) c.replace(QLatin1Char(','), QLatin1Char('.'));
-        }
-        righe << celle;
-    }
-    return righe;
+    auto* appunti = new QMimeData;
+    appunti->setText(testo);
+    appunti->setData(kFormato, {});  // its points are decimal, whatever they look like
+    QApplication::clipboard()->setMimeData(appunti);
 }
 
 void TabellaPiena::Incolla() {
-    const QList<QStringList> celle = Celle(QApplication::clipboard()->text());
-    if (celle.isEmpty()) return;
+    const QMimeData* appunti = QApplication::clipboard()->mimeData();
+    if (appunti == nullptr || !appunti->hasText()) return;
     const QModelIndex qui = currentIndex();
-    const int riga = qui.isValid() ? qui.row() : modello_->rowCount();
-    modello_->Scrivi(riga, qui.isValid() ? qui.column() : 0, celle);
+    const SestettiIncollati s = PreparaSestetti(appunti->text(), qui.isValid() ? qui.column() : 0,
+                                                appunti->hasFormat(kFormato));
+    const Piattaforma& p = pilota_.LaSessione().piattaforma;
+    if (!s.errore.isEmpty()) return MostraAvviso(p, S(s.errore));
+    if (s.celle.isEmpty()) return;
+    if (!s.dubbio.isEmpty() &&
+        p.messaggio("Nei numeri da incollare il punto separa i decimali: \"" + S(s.dubbio) +
+                        "\" vale " + TestoReale(ValoreIniziale(S(s.dubbio))) + ". Continuare?",
+                    kTitoloProgramma, Segno::domanda, Pulsanti::OKAnnulla) != Risposta::OK) {
+        return;
+    }
+    modello_->Scrivi(qui.isValid() ? qui.row() : modello_->rowCount(), s.colonna, s.celle);
+    Q_EMIT pilota_.avviso(s.nota);
 }
 
 void TabellaPiena::keyPressEvent(QKeyEvent* evento) {

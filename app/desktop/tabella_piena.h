@@ -40,14 +40,15 @@ class TabellaPiena : public QTableView {
     TabellaPiena(Pilota& pilota, QWidget* padre);
     void Aggiorna() { modello_->Aggiorna(); }
     void Copia();
+    // Takes a block from a spreadsheet; what cannot be told to be numbers leaves the table as it
+    // is.
     void Incolla();
-    // A pasted text as cells; rows by line, columns by tab. A decimal comma becomes a point.
-    static QList<QStringList> Celle(const QString& testo);
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
+    Pilota& pilota_;
     ModelloCarichi* modello_;
 };
 

@@ -72,10 +72,10 @@ constexpr GruppoTavola kPagina1[] = {{"Piastre [mm]", "", kPiastre},
 constexpr GruppoTavola kPagina2[] = {{"Bulloni", "", kBulloni}};
 constexpr GruppoTavola kPagina3[] = {{"Sollecitazioni agenti", "FrameSoll", kSollecitazioni},
                                      {"", "", kComandiCarichi}};
-constexpr PaginaTavola kPagine[] = {{"Profili e materiali", kPagina0},
-                                    {"Piastre, nervature, saldature", kPagina1},
-                                    {"Bulloni", kPagina2},
-                                    {"Sollecitazioni", kPagina3}};
+constexpr PaginaTavola kPagine[] = {{"P&rofili e materiali", kPagina0},
+                                    {"&Piastre, nervature, saldature", kPagina1},
+                                    {"&Bulloni", kPagina2},
+                                    {"&Sollecitazioni", kPagina3}};
 
 // A button that the panel's data lack is left out.
 constexpr const char* kBarra[] = {"Car_Nodo",        "Bt_salva",     "Bt_salva_con_nome",

@@ -39,13 +39,22 @@ QColor ColoreParte(Parte p) {
     return {90, 90, 90};
 }
 
-const QColor kMarcata(20, 110, 220);
-
 }  // namespace
 
 QColor ColoreRapporto(double r) {
     if (r > 1.0) return {198, 40, 40};
     return r > kAttenzione ? QColor(226, 150, 20) : QColor(46, 140, 70);
+}
+
+QColor TestoRapporto(double r, const QColor& fondo) {
+    const bool scuro = fondo.lightness() < 128;
+    if (r > 1.0) return scuro ? QColor(255, 115, 105) : QColor(190, 30, 30);
+    if (r > kAttenzione) return scuro ? QColor(255, 190, 80) : QColor(150, 90, 0);
+    return scuro ? QColor(110, 215, 140) : QColor(30, 115, 55);
+}
+
+QColor ColoreMarcato(const QColor& fondo) {
+    return fondo.lightness() < 128 ? QColor(100, 175, 255) : QColor(20, 110, 220);
 }
 
 QString RapportoMostrato(double r) {
@@ -57,7 +66,7 @@ QString RapportoMostrato(double r) {
 VistaNodo::VistaNodo(QWidget* padre) : QWidget(padre) {
     setObjectName(QStringLiteral("VistaNodo"));
     setMouseTracking(true);
-    setMinimumSize(420, 320);
+    setMinimumSize(320, 200);
     setAccessibleName(QStringLiteral("Disegno del nodo in scala"));
 }
 
@@ -183,11 +192,13 @@ void VistaNodo::DisegnaForma(QPainter& p, const Forma& f) const {
         penna.setStyle(Qt::DashLine);
         riempi = Qt::transparent;
     }
+    const QColor fondo = palette().color(QPalette::Base), marcata = ColoreMarcato(fondo);
     if (Marcata(f)) {
-        penna = QPen(kMarcata, 2.5, f.nascosta ? Qt::DashLine : Qt::SolidLine);
-        if (rapporto < 0.0 && !f.nascosta) riempi = kMarcata.lighter(165);
+        penna = QPen(marcata, 2.5, f.nascosta ? Qt::DashLine : Qt::SolidLine);
+        if (rapporto < 0.0 && !f.nascosta)
+            riempi = fondo.lightness() < 128 ? marcata.darker(190) : marcata.lighter(165);
     } else if (&f == sotto_) {
-        penna = QPen(kMarcata, 1.6);
+        penna = QPen(marcata, 1.6);
     }
     p.setPen(penna);
     p.setBrush(riempi);
@@ -198,6 +209,7 @@ void VistaNodo::DisegnaQuote(QPainter& p) const {
     Parte inMano{};
     int gruppo = 0;
     const bool diParte = ParteDelCampo(campo_, inMano, gruppo);
+    const QColor marcata = ColoreMarcato(palette().color(QPalette::Base));
     for (const QuotaCampo& q : disegno_.quote) {
         Parte parte{};
         int g = 0;
@@ -212,7 +224,7 @@ void VistaNodo::DisegnaQuote(QPainter& p) const {
         const double scosta = std::clamp(q.scosta, -1e4, 1e4);
         const double passi = std::fabs(scosta) > 50.0 ? scosta * scala_ : scosta * 0.6;
         const QPointF s = normale * passi;
-        const QColor colore = propria ? kMarcata : palette().color(QPalette::PlaceholderText);
+        const QColor colore = propria ? marcata : palette().color(QPalette::PlaceholderText);
         p.setPen(QPen(colore, propria ? 1.6 : 1.0));
         p.setBrush(colore);
         p.drawLine(a, a + s);
@@ -351,7 +363,13 @@ void VistaNodo::paintEvent(QPaintEvent*) {
         const double x = InPixel(vista, {e.left(), 0}).x();
         const bool sotto = v == 2 && !inFila_;
         const double y = sotto ? InPixel(vista, {0, e.top()}).y() - 8.0 : 16.0;
-        p.drawText(QPointF(x, y), QString::fromUtf8(kTitoli3[v]));
+        // Up to the next view beside it.
+        const double fine = v == 0 ? InPixel(Vista::lato, {disegno_.estensione[1].left(), 0}).x()
+                            : v == 1 && inFila_
+                                ? InPixel(Vista::pianta, {disegno_.estensione[2].left(), 0}).x()
+                                : width();
+        p.drawText(QPointF(x, y), QFontMetricsF(font()).elidedText(QString::fromUtf8(kTitoli3[v]),
+                                                                   Qt::ElideRight, fine - x - 6.0));
     }
     DisegnaLegenda(p);
     if (superati_ && rapporti_) {
@@ -359,7 +377,7 @@ void VistaNodo::paintEvent(QPaintEvent*) {
         f.setBold(true);
         f.setPointSizeF(f.pointSizeF() * 1.4);
         p.setFont(f);
-        p.setPen(ColoreRapporto(2.0));
+        p.setPen(TestoRapporto(2.0, palette().color(QPalette::Base)));
         p.drawText(rect().adjusted(8, 4, -8, -6), Qt::AlignRight | Qt::AlignBottom,
                    QStringLiteral("risultati superati"));
     }

@@ -70,5 +70,9 @@ class VistaNodo : public QWidget {
 
 // Green up to 0.8, amber up to 1, red above; the same everywhere ratios are shown.
 QColor ColoreRapporto(double r);
+// The same as a colour of letters, which must be read on the ground `fondo`.
+QColor TestoRapporto(double r, const QColor& fondo);
+// What marks the field or part in hand, on light and dark grounds.
+QColor ColoreMarcato(const QColor& fondo);
 
 }  // namespace tk07

@@ -5,6 +5,7 @@
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QTextBlock;
 
 namespace tk07 {
 
@@ -17,13 +18,21 @@ class VistaRelazione : public QWidget {
     // Reads the file; false when it cannot be read.
     bool Apri(const QString& percorso);
     void ImpostaSuperata(bool superata);
-    // To the line of the load set of that name.
-    bool VaiAlSestetto(const QString& nome);
+    // To the heading of load set `indice` (from 0). False when the report has another set there.
+    bool VaiAlSestetto(int indice, const QString& nome);
     bool Vuota() const { return percorso_.isEmpty(); }
     QPlainTextEdit* Testo() const { return testo_; }
 
+  Q_SIGNALS:
+    // A double click on the row of a bolt, a plate or a weld: set from 0, family, "bullone 3".
+    void rigaScelta(int sestetto, int famiglia, const QString& elemento);
+
+  protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
   private:
     void VaiAlVerdetto();
+    void ApriRiga(const QTextBlock& riga);
     void Cerca(bool indietro);
 
     QString percorso_;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -268,6 +269,26 @@ EsitoImport ImportaSollecitazioni(std::string_view dirLavoro, const RichiestaImp
     for (int k = 0; k < nodo.nSollAg; ++k) nodo.CasoCarico(k) = 0;
     p.avanzamento(totale, totale, "");
     return EsitoImport::bene;
+}
+
+AstaAssente CercaAstaAssente(std::string_view dirLavoro, const RichiestaImport& richiesta) {
+    Liste liste;
+    if (!LeggiListe(richiesta, liste, PiattaformaMuta())) return {};
+    for (const TipoCarico tipo : {TipoCarico::caso, TipoCarico::condizione}) {
+        for (const short numero : tipo == TipoCarico::caso ? liste.casi : liste.condizioni) {
+            FileRisultati f;
+            if (!f.Apri(NomeFileRisultati(dirLavoro, tipo, numero))) return {};
+            std::set<short> presenti;
+            for (std::int64_t b = 0; b < f.Membrature(); ++b) {
+                short asta = 0;
+                if (f.NumeroAsta(b, asta)) presenti.insert(asta);
+            }
+            for (const short asta : liste.aste) {
+                if (asta >= 1 && presenti.count(asta) == 0) return {asta, tipo, numero};
+            }
+        }
+    }
+    return {};
 }
 
 }  // namespace tk07

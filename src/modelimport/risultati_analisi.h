@@ -64,4 +64,14 @@ enum class EsitoImport {
 EsitoImport ImportaSollecitazioni(std::string_view dirLavoro, const RichiestaImport& richiesta,
                                   Nodo& nodo, const Piattaforma& p);
 
+// A member of the request whose actions an import would take from another member's block: the first
+// one that a result file lacks (members below 1 are not read). `asta` 0 when there is none, or when
+// the lists or the files cannot be read.
+struct AstaAssente {
+    int asta = 0;
+    TipoCarico tipo = TipoCarico::caso;
+    int numero = 0;  // load case or condition
+};
+AstaAssente CercaAstaAssente(std::string_view dirLavoro, const RichiestaImport& richiesta);
+
 }  // namespace tk07

@@ -67,4 +67,8 @@ void SettaMateriali(Sessione& s);  // labels of PropMateriali follow steel and b
 void PreparaSoll3D(Sessione& s);   // fields of the load import panel from the joint's node list
 void ImportaNodida3D(Sessione& s);
 
+// Whether a button of the bolt panel would ask for more bolts than the tables hold, which is a
+// fatal fault: shells that keep the user's work ask first.
+bool BulloniOltreIlMassimo(const Sessione& s, const std::string& pulsante);
+
 }  // namespace tk07

@@ -2,11 +2,15 @@
 
 #include "session/importazione.h"
 
+#include <memory>
+
+#include "base/testo.h"
 #include "modelimport/cerca_aste.h"
 #include "modelimport/liste.h"
 #include "modelimport/risultati_analisi.h"
 #include "modelimport/sezioni_struttura.h"
 #include "session/gestori.h"
+#include "session/tabella_carichi.h"
 #include "session/vista3d.h"
 
 namespace tk07 {
@@ -25,6 +29,71 @@ bool ImportaNelNodo(Sessione& s, const TestiImportazione& t, bool maxMin) {
         ImportaSollecitazioni(s.dir.dirLavoro, richiesta, s.nodo, s.piattaforma);
     if (esito == EsitoImport::fineProgramma) TerminaProgramma(s);
     return esito == EsitoImport::bene;
+}
+
+std::string AvvisoAstaAssente(const Sessione& s, const TestiImportazione& t) {
+    const AstaAssente a = CercaAstaAssente(
+        s.dir.dirLavoro, {t.nodi, t.aste, t.casi, t.condizioni, t.sestetti, ModoImport::tutti});
+    if (a.asta == 0) return {};
+    return "L'asta " + std::to_string(a.asta) + " non è nei risultati " +
+           (a.tipo == TipoCarico::caso ? "del caso " : "della condizione ") +
+           std::to_string(a.numero) + ": al suo posto verrebbero lette le azioni di un'altra asta.";
+}
+
+std::string AnteprimaImportazione(const Sessione& s, const TestiImportazione& t, bool maxMin) {
+    constexpr int kMostrati = 200;
+    std::string testo = "Sestetti nella tabella: " + std::to_string(s.nodo.nSollAg) + ".\n";
+    if (Taglia(t.nodi).empty() || Taglia(t.aste).empty() || Taglia(t.sestetti).empty() ||
+        (Taglia(t.casi).empty() && Taglia(t.condizioni).empty())) {
+        return testo +
+               "Con nodi, aste, casi o condizioni e sestetti compare qui ciò che "
+               "verrebbe importato.\n";
+    }
+    const auto prova = std::make_unique<Nodo>(s.nodo);
+    std::string perche;
+    Piattaforma muta = PiattaformaMuta();
+    muta.messaggio = [&](const std::string& detto, const std::string&, Segno, Pulsanti) {
+        if (perche.empty()) perche = detto;
+        return Risposta::OK;
+    };
+    const RichiestaImport richiesta{
+        t.nodi,       t.aste,     t.casi,
+        t.condizioni, t.sestetti, maxMin ? ModoImport::massimiMinimi : ModoImport::tutti};
+    try {
+        if (ImportaSollecitazioni(s.dir.dirLavoro, richiesta, *prova, muta) != EsitoImport::bene) {
+            return testo + "L'importazione non è possibile: " + perche + "\n";
+        }
+    } catch (const ErroreFatale& e) {
+        return testo + "L'importazione non è possibile: " + e.what() + "\n";
+    }
+    const int primo = maxMin ? 0 : s.nodo.nSollAg, quanti = prova->nSollAg - primo;
+    if (const std::string avviso = AvvisoAstaAssente(s, t); !avviso.empty()) {
+        testo += "ATTENZIONE: " + avviso + "\n";
+    }
+    testo += maxMin ? "Al loro posto resterebbero " : "Si aggiungerebbero ";
+    testo += std::to_string(quanti) + " sestetti";
+    int presenti = 0;
+    for (int k = primo; !maxMin && k < prova->nSollAg; ++k) {
+        bool uguale = false;
+        for (int j = 0; j < s.nodo.nSollAg && !uguale; ++j) {
+            uguale = s.nodo.NomeSa(j) == prova->NomeSa(k);
+        }
+        presenti += uguale ? 1 : 0;
+    }
+    if (presenti > 0) testo += ", " + std::to_string(presenti) + " con un nome che c'è già";
+    testo += " [" + s.unita.UnitaForze + ", " + s.unita.UnitaMomenti + "]:\n";
+    constexpr const char* kNomi[] = {"N", "Ty", "Tz", "Mt", "My", "Mz"};
+    for (int k = primo; k < prova->nSollAg && k < primo + kMostrati; ++k) {
+        testo += "  " + prova->NomeSa(k) + ":";
+        for (int a = 1; a <= 6; ++a) {
+            const double f = a <= 3 ? s.unita.FattoreForze : s.unita.FattoreMomenti;
+            testo +=
+                std::string(" ") + kNomi[a - 1] + " " + TestoCampo(s, ValoreSoll(*prova, a, k), f);
+        }
+        testo += "\n";
+    }
+    if (quanti > kMostrati) testo += "  ...\n";
+    return testo;
 }
 
 void ImportaNodida3D(Sessione& s) {

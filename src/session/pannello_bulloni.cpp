@@ -238,6 +238,24 @@ void TimerScattato(Sessione& s, const std::string& nome) {
 
 }  // namespace
 
+bool BulloniOltreIlMassimo(const Sessione& s, const std::string& pulsante) {
+    BulloniTemp prova = s.bulloni;
+    try {
+        if (pulsante == "Singolo") AggiungiSingolo(prova);
+        // The distance does not count: as many copies as bolts selected.
+        if (pulsante == "Bul_copiaX" || pulsante == "Bul_copiaY") {
+            CopiaSelezionati(prova, Asse::X, 0.0);
+        }
+        if (pulsante == "Proponi") {
+            Proponi(s.nodo, s.opz, ValoreIniziale(s.FormBulloni["DiamProponi"].testo), prova,
+                    PiattaformaMuta());
+        }
+    } catch (const ErroreFatale&) {
+        return true;
+    }
+    return false;
+}
+
 const GestorePannello kGestoreFormBulloni = {
     .nome = "FormBulloni",
     .pannello = &Sessione::FormBulloni,

@@ -86,7 +86,7 @@ constexpr DescrizioneVettore kVettori[] = {
     {"geomp", 5, etichetta, "H, B, tw, tf, r della trave principale [mm]"},
     {"geoms", 5, etichetta, "H, B, tw, tf, r della trave secondaria [mm]"},
     {"Lb_sol_num", kRighe, etichetta, "Numero del sestetto: doppio clic per rimuoverlo"},
-    {"Tb_sol_descr", kRighe, campo, "DescrizioneControllo del sestetto"},
+    {"Tb_sol_descr", kRighe, campo, "Descrizione del sestetto, come compare nella relazione"},
     {"TxtSN", kRighe, campo, "Sforzo normale N, positivo se tende i bulloni"},
     {"TxtTy", kRighe, campo, "Taglio Ty, positivo verso il basso"},
     {"TxtTz", kRighe, campo, "Taglio Tz, orizzontale"},

@@ -1,5 +1,6 @@
 // The load import panel and the panel that picks members by name, colour and line type.
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -92,10 +93,8 @@ void PremiSoll3D(Sessione& s, const NomeControllo& n) {
     if (nome == "TuttiCdc2") TutteLeCondizioni(s);
     if (nome == "TuttiSes") p["SesTxt"].testo = "0";
     if (nome == "Importa") {
-        const TestiImportazione testi{p["NodiTxt"].testo, p["Astetxt"].testo, p["CdCTxt"].testo,
-                                      p["CdC2Txt"].testo, p["SesTxt"].testo};
         s.piattaforma.puntatore(11);
-        ImportaNelNodo(s, testi, s.InsDati["CheckMaxMin"].valore == 1);
+        ImportaNelNodo(s, TestiSoll3D(s), s.InsDati["CheckMaxMin"].valore == 1);
         s.piattaforma.puntatore(0);
         pnn1_aggiorna_sollecitazioni(s, -1);
     }
@@ -106,6 +105,12 @@ void CampoDi(Sessione& s, const NomeControllo& n, const std::string& testo, int)
 }
 
 }  // namespace
+
+TestiImportazione TestiSoll3D(const Sessione& s) {
+    const Pannello& p = s.Soll3D;
+    return {p["NodiTxt"].testo, p["Astetxt"].testo, p["CdCTxt"].testo, p["CdC2Txt"].testo,
+            p["SesTxt"].testo};
+}
 
 void PreparaSoll3D(Sessione& s) {
     std::string nodi;
@@ -187,8 +192,11 @@ void Cerca(Sessione& s) {
     }
     FiltroAste f;
     if (Filtra(p, "Nomi")) {
-        f.nomi = {static_cast<int>(ValoreIniziale(p["NomiTxt(0)"].testo)),
-                  static_cast<int>(ValoreIniziale(p["NomiTxt(1)"].testo))};
+        // Beyond every member's number: no need to go further.
+        const auto limite = [&](const char* nome) {
+            return static_cast<int>(std::clamp(ValoreIniziale(p[nome].testo), -1e9, 1e9));
+        };
+        f.nomi = {limite("NomiTxt(0)"), limite("NomiTxt(1)")};
     }
     f.colori = Spuntate(p, "Colori", kColori);
     f.linee = Spuntate(p, "Linee", kLinee);

@@ -74,6 +74,18 @@ std::string CopieAutomatiche::Scrivi(const Sessione& s) {
     return {};
 }
 
+std::string CopieAutomatiche::Conserva(const std::string& file) {
+    const std::string a = dirTemp_ + "\\" + kInizio + segno_ + "_s" +
+                          std::to_string(++conservati_) + "_" + NomeBase(file) + ".tk7";
+    const fs::path da = PercorsoPiattaforma(file), copia = PercorsoPiattaforma(a);
+    std::error_code ec;
+    fs::copy_file(da, copia, fs::copy_options::overwrite_existing, ec);
+    if (ec) return ec.message();
+    const auto data = fs::last_write_time(da, ec);
+    if (!ec) fs::last_write_time(copia, data, ec);
+    return {};
+}
+
 std::vector<CopiaTrovata> TrovaCopie(const Sessione& s) {
     std::vector<CopiaTrovata> trovate;
     std::error_code ec;

@@ -18,9 +18,13 @@ class CopieAutomatiche {
     // Writes the joint if it differs from the last copy. Returns the system's message when it could
     // not be written, else the empty text.
     std::string Scrivi(const Sessione& s);
+    // Keeps a joint file of another run that is about to be replaced, with its own date. Returns
+    // as Scrivi.
+    std::string Conserva(const std::string& file);
 
   private:
     std::string dirTemp_, segno_;
+    int conservati_ = 0;
     int prossima_ = 1;                    // 1, 2, 1, 2, ...
     std::string posto_[2];                // files of the two copies
     std::unique_ptr<const Nodo> ultima_;  // what the last copy holds

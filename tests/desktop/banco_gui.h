@@ -31,6 +31,7 @@ struct BancoGui {
         if (!lavoro.empty()) avvio.lavoro = lavoro;
         if (!pilota.Avvia(avvio)) throw std::runtime_error("sessione non avviata");
         finestra = std::make_unique<FinestraPrincipale>(pilota);
+        finestra->resize(1280, 800);  // the platform's screen is smaller
         finestra->show();
         QCoreApplication::processEvents();
     }

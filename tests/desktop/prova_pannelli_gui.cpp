@@ -1,7 +1,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -11,6 +10,8 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
+#include <QWheelEvent>
+#include <ctime>
 
 #include "banco_gui.h"
 #include "base/testo.h"
@@ -22,6 +23,8 @@
 #include "desktop/programma_gui.h"
 #include "desktop/tabella_piena.h"
 #include "desktop/tavole.h"
+#include "desktop/tema.h"
+#include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 #include "desktop/vista_relazione.h"
 
@@ -295,6 +298,22 @@ TEST(Gui, VerificaRiepilogoRelazione) {
     EXPECT_TRUE(riga.contains(QStringLiteral("NODO"))) << riga.toStdString();
     EXPECT_TRUE(riga.contains(QStringLiteral("VERIFICATO"))) << riga.toStdString();
 
+    // A double click on a row of the report selects its set and leads to the part.
+    QPlainTextEdit* testo = b.finestra->LaRelazione().Testo();
+    ASSERT_TRUE(b.finestra->LaRelazione().VaiAlSestetto(1, Q(b.N().NomeSa(1))));
+    EXPECT_FALSE(b.finestra->LaRelazione().VaiAlSestetto(0, Q(b.N().NomeSa(1))));
+    auto* destra = b.finestra->findChild<QTabWidget*>(QStringLiteral("Destra"));
+    destra->setCurrentIndex(1);
+    testo->moveCursor(QTextCursor::End);
+    testo->setTextCursor(testo->document()->find(QStringLiteral("s6' |"), testo->textCursor(),
+                                                 QTextDocument::FindBackward));
+    testo->centerCursor();
+    QTest::mouseDClick(testo->viewport(), Qt::LeftButton, {}, testo->cursorRect().center());
+    EXPECT_EQ(destra->currentIndex(), 0);
+    ASSERT_NE(b.finestra->IlRiepilogo().Scelta(), nullptr);
+    EXPECT_EQ(b.finestra->IlRiepilogo().Scelta()->sestetto, 1);
+    EXPECT_EQ(b.pilota.CampoInMano(), "TextSald(1)") << "line 6 is of the welds S2";
+
     auto* stato = b.finestra->findChild<QLabel*>(QStringLiteral("StatoRisultati"));
     EXPECT_EQ(stato->text(), QStringLiteral("come nella relazione"));
     // A digit is enough: the summary follows, Esc brings the report's back.
@@ -317,32 +336,185 @@ TEST(Gui, VerificaRiepilogoRelazione) {
     EXPECT_GT(b.pilota.IlRiepilogo().righe[0].Rapporto(), vecchio) << "a thinner plate";
 }
 
-// Tab-separated text both ways, one step of undo, decimal comma of a spreadsheet taken.
+// Tab-separated text both ways, one step of undo; numbers as an Italian spreadsheet writes them.
 TEST(Gui, CopiaEIncollaCarichi) {
     BancoGui b;
     auto* t = b.finestra->findChild<TabellaPiena*>(QStringLiteral("TabellaPiena"));
-    QApplication::clipboard()->setText(
-        QStringLiteral("A\t100\t-200\t0\t0\t0\t1500,5\r\nB\t1\t2\t3\t4\t5\t6\r\n"));
-    t->Incolla();
-    for (int i = 0; i < 7; ++i) b.Premi("Bt_agg_sing_sol");
-    ASSERT_EQ(b.N().nSollAg, 9);
+    const auto incolla = [&](const char* testo) {
+        QApplication::clipboard()->setText(QString::fromUtf8(testo));
+        t->Incolla();
+    };
+    // Heads are left out; with a decimal comma about, a point separates thousands.
+    incolla(
+        "Nome\tN\tTy\tTz\tMt\tMy\tMz\r\n"
+        "A\t1.200\t-200\t\t0\t0\t1.500,5\r\nB\t1\t2\t3\t4\t5\t6\r\n");
+    ASSERT_EQ(b.N().nSollAg, 2);
     EXPECT_EQ(b.N().NomeSa(0), "A");
+    EXPECT_EQ(b.N().SforzoNormale(0), 1200.0);
     EXPECT_EQ(b.N().MomZ(0), 1500.5);
     EXPECT_EQ(b.N().TaglioY(0), -200.0);
     EXPECT_EQ(b.N().MomY(1), 5.0);
+    // What cannot be told for sure changes nothing and says where it is.
+    const struct {
+        const char* testo;
+        const char* detto;
+    } rifiutati[] = {
+        {"C\t1\t2\n", ""},  // fewer columns are fine: the control of this table
+        {"C\t1\tdue\t3\n", "Riga 1, colonna 3: \"due\" non è un numero. Niente è stato incollato."},
+        {"C\t1,5\t2.25\n",
+         "Riga 1, colonna 3: \"2.25\" ha il punto, altri numeri la virgola. Niente è stato "
+         "incollato."},
+        {"C\t1\t2\t3\t4\t5\t6\t0\t9\n",
+         "Le colonne incollate sono 9, da qui in poi la tabella ne ha 8. Niente è stato "
+         "incollato."},
+    };
+    for (const auto& r : rifiutati) {
+        t->setCurrentIndex({});
+        const int prima = b.N().nSollAg;
+        incolla(r.testo);
+        const bool preso = *r.detto == '\0';
+        EXPECT_EQ(b.N().nSollAg, prima + (preso ? 1 : 0)) << r.testo;
+        if (!preso) {
+            EXPECT_EQ(b.porta.detti.back().testo, r.detto);
+        }
+    }
+    // Six numbers are the six actions; a doubtful point is asked about.
+    t->setCurrentIndex({});
+    incolla("10\t20\t30\t40\t50\t60\n");
+    EXPECT_EQ(b.N().SforzoNormale(3), 10.0);
+    EXPECT_EQ(b.N().MomZ(3), 60.0);
+    b.porta.risposte = {Risposta::Annulla};
+    incolla("D\t1.500\n");
+    EXPECT_EQ(b.N().nSollAg, 4);
+    EXPECT_EQ(b.porta.detti.back().testo,
+              "Nei numeri da incollare il punto separa i decimali: \"1.500\" vale 1.5. "
+              "Continuare?");
+
+    for (int i = 0; i < 5; ++i) b.Premi("Bt_agg_sing_sol");
     t->setCurrentIndex(t->model()->index(7, 1));
-    QApplication::clipboard()->setText(QStringLiteral("7\n8\n9"));
-    t->Incolla();  // one row beyond the table: it grows
+    incolla("7\n8\n9");  // one row beyond the table: it grows
     EXPECT_EQ(b.N().nSollAg, 10);
     EXPECT_EQ(b.N().SforzoNormale(7), 7.0);
     EXPECT_EQ(b.N().SforzoNormale(9), 9.0);
     t->selectionModel()->select(QItemSelection(t->model()->index(0, 0), t->model()->index(1, 2)),
                                 QItemSelectionModel::ClearAndSelect);
     t->Copia();
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("A\t100\t-200\nB\t1\t2\n"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("A\t1200\t-200\nB\t1\t2\n"));
     b.pilota.Annulla();
     EXPECT_EQ(b.N().nSollAg, 9);
     EXPECT_EQ(b.N().SforzoNormale(7), 0.0);
+    // A cell that is typed.
+    t->model()->setData(t->model()->index(0, 1), QStringLiteral("2.345,5"));
+    EXPECT_EQ(b.N().SforzoNormale(0), 2345.5);
+    EXPECT_FALSE(t->model()->setData(t->model()->index(0, 1), QStringLiteral("dodici")));
+    EXPECT_EQ(b.N().SforzoNormale(0), 2345.5);
+}
+
+// What would be a wrong number, the end of the program or lost work, at the keyboard and the mouse.
+TEST(Gui, TestiESbagli) {
+    BancoGui b;
+    b.Scrivi("GeoPias(0)", "182,5");
+    EXPECT_EQ(b.N().BPiastra(1), 182.5);
+    b.Scrivi("GeoPias(0)", "1.182,5");  // thousands as an Italian hand writes them
+    EXPECT_EQ(b.N().BPiastra(1), 1182.5);
+    b.Scrivi("GeoPias(0)", "1e999");  // beyond every number: the value of before
+    EXPECT_FALSE(b.S().fine);
+    EXPECT_EQ(b.N().BPiastra(1), 1182.5);
+    EXPECT_EQ(b.Trova<QLineEdit>("GeoPias(0)")->text(), QStringLiteral("1182.5"));
+    // A wheel over a list scrolls the page and changes no profile.
+    auto* trave = b.Trova<QComboBox>("TraveP");
+    const std::string profilo = b.N().TraPri.Nome;
+    QWheelEvent ruota(QPointF(5, 5), trave->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(trave, &ruota);
+    EXPECT_EQ(b.N().TraPri.Nome, profilo);
+    // Undo from within a field that holds no text in hand.
+    auto* campo = b.Trova<QLineEdit>("GeoPias(2)");
+    b.Trova<QTabWidget>("SSTab")->setCurrentIndex(1);
+    campo->setFocus();
+    QTest::keyClick(campo, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(b.N().BPiastra(1), 182.5);
+
+    b.Premi("DefBulloni");
+    b.Scrivi("Tb_deltaX", "due", "FormBulloni");
+    EXPECT_EQ(b.Trova<QLineEdit>("Tb_deltaX", "FormBulloni")->text(), QStringLiteral("0"));
+    for (int i = 0; i < 60; ++i) b.Premi("Singolo", "FormBulloni");
+    b.Premi("Bt_SelTutti", "FormBulloni");
+    b.Premi("Bul_copiaX", "FormBulloni");
+    EXPECT_EQ(b.porta.detti.back().testo,
+              "I bulloni sarebbero più di 100: l'operazione non è stata eseguita.");
+    EXPECT_FALSE(b.S().fine);
+    EXPECT_EQ(b.S().bulloni.nBullTemp, 60);
+    // Esc anywhere on the panel gives the awaited press up, and keeps the panel.
+    b.Premi("Singolo", "FormBulloni");
+    QTest::keyClick(b.Trova("Singolo", "FormBulloni"), Qt::Key_Escape);
+    EXPECT_EQ(b.S().bulloni.attesaClick, 0);
+    b.Premi("MatBulAnn", "FormBulloni");
+
+    // A file that is cut off or spoilt: told, and never the end of the program.
+    const std::string esempi = b.radice + "/lavori/esempi/";
+    const std::string intero = LeggiTesto(esempi + "01_ipe160_su_ipe270.tk7");
+    ScriviTesto(esempi + "tronco.tk7", intero.substr(0, intero.size() / 2));
+    b.Apri("tronco.tk7");
+    EXPECT_NE(b.porta.detti.back().testo.find("Il file è incompleto o rovinato: mancano "),
+              std::string::npos);
+    b.pilota.Annulla();
+    EXPECT_EQ(b.S().nomeFile, "Nuovo");
+    ScriviTesto(esempi + "guasto.tk7",
+                intero.substr(0, intero.find('\n') + 1) + "999    [nBull]\n");
+    b.Apri("guasto.tk7");
+    EXPECT_EQ(b.porta.detti.back().titolo, "TK07 - LETTURA NON RIUSCITA");
+    EXPECT_FALSE(b.S().fine);
+    EXPECT_EQ(b.S().nomeFile, "Nuovo");
+
+    // A new joint saved over another's file of the same name: that one is kept.
+    const std::string file = b.radice + "/lavori/esempi/Nuovo.tk7", altro = "ARGANOWIN altro\n";
+    ScriviTesto(file, altro);
+    b.Scrivi("GeoPias(0)", "150");
+    b.Premi("Bt_salva");
+    b.Premi("Bt_salva");
+    const QDir temp(QString::fromStdString(b.radice + "/temp"));
+    const QStringList tenuti = temp.entryList({QStringLiteral("TK07_auto_*_s*_Nuovo.tk7")});
+    ASSERT_EQ(tenuti.size(), 1) << "the own file, written a moment ago, is not kept again";
+    EXPECT_EQ(LeggiTesto(temp.filePath(tenuti[0]).toStdString()), altro);
+    EXPECT_NE(LeggiTesto(file), altro);
+}
+
+// The preview of the import: what would come, by the lists as they stand; nothing touched.
+TEST(Gui, AnteprimaImportazione) {
+    BancoGui b("telaio");
+    b.Premi("ImpS3D");
+    const auto anteprima = [&] {
+        return b.finestra->Secondario("Soll3D")
+            ->findChild<QPlainTextEdit*>(QStringLiteral("AnteprimaImport"))
+            ->toPlainText();
+    };
+    for (const auto& [campo, testo] :
+         {std::pair{"NodiTxt", "105"}, {"Astetxt", "11"}, {"CdCTxt", "1"}, {"SesTxt", "1"}}) {
+        b.Scrivi(campo, testo, "Soll3D");
+    }
+    const QString prima = anteprima();
+    EXPECT_EQ(b.N().nSollAg, 0);
+    b.Premi("Importa", "Soll3D");
+    ASSERT_EQ(b.N().nSollAg, 1) << b.porta.detti.back().testo;
+    EXPECT_TRUE(prima.contains(QStringLiteral("  ") + QString::fromStdString(b.N().NomeSa(0)) +
+                               QStringLiteral(": N ") + b.Trova<QLineEdit>("TxtSN(0)")->text() +
+                               QStringLiteral(" Ty ") + b.Trova<QLineEdit>("TxtTy(0)")->text()))
+        << prima.toStdString();
+    EXPECT_TRUE(anteprima().contains(QStringLiteral("1 con un nome che c'è già")));
+    // A member without results would get those of another: asked before, in both places.
+    b.Scrivi("Astetxt", "9999", "Soll3D");
+    const std::string assente =
+        "L'asta 9999 non è nei risultati del caso 1: al suo posto verrebbero lette le azioni di "
+        "un'altra asta.";
+    EXPECT_TRUE(anteprima().contains(Q(assente))) << anteprima().toStdString();
+    b.porta.risposte = {Risposta::Annulla};
+    b.Premi("Importa", "Soll3D");
+    EXPECT_EQ(b.porta.detti.back().testo, assente + "\nImportare lo stesso?");
+    EXPECT_EQ(b.N().nSollAg, 1);
+    b.Scrivi("Astetxt", "11,,", "Soll3D");
+    EXPECT_TRUE(anteprima().contains(QStringLiteral("L'importazione non è possibile")))
+        << anteprima().toStdString();
 }
 
 // On the plan: a placed bolt on the grid, a drag, a band that selects.
@@ -391,20 +563,20 @@ TEST(Gui, RitardoAllaBattuta) {
     b.Trova<QTabWidget>("SSTab")->setCurrentIndex(1);
     auto* campo = b.Trova<QLineEdit>("GeoPias(2)");
     campo->setFocus();
-    double peggio = 0.0;
+    double peggio = 0.0;  // of processor time: others may hold the machine
     for (int i = 0; i < 12; ++i) {
         campo->selectAll();
-        QElapsedTimer orologio;
-        orologio.start();
+        const std::clock_t inizio = std::clock();
         QTest::keyClick(campo, Qt::Key_2);
         b.finestra->LaVista().repaint();
         QCoreApplication::processEvents();
-        peggio = std::max(peggio, static_cast<double>(orologio.nsecsElapsed()) / 1e6);
+        peggio =
+            std::max(peggio, 1e3 * static_cast<double>(std::clock() - inizio) / CLOCKS_PER_SEC);
     }
     EXPECT_TRUE(b.pilota.LEsame().calcolato);
     EXPECT_EQ(b.pilota.LEsame().riepilogo.righe.size(), 50u);
     std::cout << "battuta " << peggio << " ms, esame " << b.pilota.UltimoEsameMs() << " ms\n";
-    EXPECT_LT(peggio, 50.0 * 2.0);  // twice, for a loaded machine
+    EXPECT_LT(peggio, 50.0);
 }
 
 // Pictures of every window, for the eye, where TK07_FOTO names a directory.
@@ -418,8 +590,7 @@ TEST(Gui, Foto) {
     b.finestra->IlRiepilogo().Tabella()->selectRow(0);
     b.finestra->statusBar()->clearMessage();  // it names the temporary tree
     if (qEnvironmentVariableIsSet("TK07_SCURO")) {
-        QPalette scura(QColor(53, 53, 60), QColor(40, 40, 46));
-        QApplication::setPalette(scura);
+        ApplicaTema(Tema::scuro);
     }
     for (const QSize& q : {QSize(1280, 800), QSize(1920, 1080)}) {
         b.finestra->resize(q);
