@@ -27,6 +27,11 @@ bool LetturaIntera(const Sessione& s) {
                                 kTitoloProgramma, Segno::critico, Pulsanti::OK);
         return false;
     }
+    // A verdict on another steel, or on none of the sections, must say so.
+    for (const std::string& assente : note.NomiAssenti) {
+        s.piattaforma.messaggio("attenzione, nome assente dalle librerie: " + assente,
+                                kTitoloProgramma, Segno::esclamazione, Pulsanti::OK);
+    }
     constexpr std::size_t kElenco = 8;
     std::string mancanti;
     for (std::size_t i = 0; i < std::min(note.ChiaviMancanti.size(), kElenco); ++i) {

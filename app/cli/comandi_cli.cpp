@@ -31,6 +31,7 @@ std::string Verdetto(const Sessione& s) {
     for (int k = 0; k < n; ++k) falliti += s.ris.Verificato(k, 0) != 0 ? 0 : 1;
     const std::string quanti = std::to_string(n) + (n == 1 ? " sestetto" : " sestetti");
     const std::string metodo = NomeMetodo(s.nodo.MetodoVerifica());
+    if (n == 0) return "NESSUN SESTETTO DI SOLLECITAZIONI, nulla da verificare (" + metodo + ")";
     if (falliti == 0) return "NODO VERIFICATO (" + metodo + ", " + quanti + ")";
     return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti +
            ")";

@@ -1,11 +1,22 @@
 #include "drawing/parametri_dis.h"
 
+#include <string>
+
 #include "base/aritmetica.h"
+#include "base/errore.h"
 
 namespace tk07 {
 
 ParametriDisegno LeggiParametriDisegno(const Opzioni& opz) {
-    const auto colore = [&](int riga) { return InteroCorto(opz.ValOpz(riga)); };
+    const auto colore = [&](int riga) {
+        try {
+            return InteroCorto(opz.ValOpz(riga));
+        } catch (const ErroreFatale& e) {
+            const RigaOpzione& r = opz.Righe[static_cast<std::size_t>(riga)];
+            throw ErroreFatale(e.what(), "OpzioniNodi.txt, riga " + std::to_string(r.Riga) +
+                                             ", opzione \"" + r.Etichetta + "\"");
+        }
+    };
     ParametriDisegno p;
     p.coloreContorno = colore(0);
     p.coloreContorno2 = colore(1);

@@ -16,6 +16,8 @@ struct NoteLettura {
     std::vector<std::string> ChiaviMancanti;  // keys that the file lacks ("SpPiastra 2")
     int RigaInterrotta = 0;  // old format: line at which the reading stopped, 0 none
     std::string Causa;       // and why
+    // Names that the libraries lack, and what stands for them.
+    std::vector<std::string> NomiAssenti;
 };
 
 // The text of the joint file, keyed format.

@@ -23,6 +23,12 @@ bool Avvia(Sessione& s, const Avvio& avvio) {
 
     LeggiParametriLavoro(s.dir.dirLavoro + "\\parametrilavoro", s.unita);
     ImpostaUnita(s.unita);
+    // Values of an unknown unit show as 0: a report full of zeros must not come without a word.
+    if (const std::string ignote = UnitaSconosciute(s.unita); !ignote.empty()) {
+        MostraAvviso(p, "Unità di misura sconosciute in " +
+                            PercorsoMostrato(s.dir.dirLavoro + "\\parametrilavoro") + ": " +
+                            ignote + ".\nI valori di queste grandezze saranno mostrati come 0.");
+    }
     LeggiFont(s.dir.dirProgra, s.font, p);
     LeggiStiliGrb(s.dir.dirCustom + "\\cad2dmodello.grb", s.stili, p);
 

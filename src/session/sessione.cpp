@@ -9,6 +9,12 @@
 
 namespace tk07 {
 
+namespace {
+
+constexpr std::size_t kNomeDetto = 60;  // characters of a wrong name that a message repeats
+
+}  // namespace
+
 bool EseguiComando(Sessione& s, const std::function<void()>& comando) {
     const auto prima = std::make_unique<Nodo>(s.nodo);
     try {
@@ -61,6 +67,14 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
 
     const LibreriaProfili& lib = s.profili;
     Nodo& n = s.nodo;
+    std::vector<std::string>& assenti = s.ultimaLettura.NomiAssenti;
+    for (const auto& [chiave, nome] :
+         {std::pair{"TraPri_Nome", &n.TraPri.Nome}, std::pair{"TraSec_Nome", &n.TraSec.Nome}}) {
+        if (IndiceProfilo(lib, *nome) == 0) {
+            assenti.push_back(std::string(chiave) + " \"" + PrimiCaratteri(*nome, kNomeDetto) +
+                              "\", nessun profilo al suo posto");
+        }
+    }
     n.TraPri = lib.Profili(CercaProfiloDaNome(lib, std::string(n.TraPri.Nome), s.piattaforma));
     n.TraSec = lib.Profili(CercaProfiloDaNome(lib, std::string(n.TraSec.Nome), s.piattaforma));
     // Names that the tables lack are told and replaced by the check of the materials.
@@ -80,17 +94,27 @@ void ControllaMateriali(Sessione& s) {
     const auto avvisa = [&](const std::string& testo) {
         s.piattaforma.messaggio(testo, kTitoloProgramma, Segno::nessuno, Pulsanti::OK);
     };
+    const auto sostituito = [&](const char* chiave, const std::string& voluto,
+                                const std::string& usato) {
+        s.ultimaLettura.NomiAssenti.push_back(std::string(chiave) + " \"" +
+                                              PrimiCaratteri(voluto, kNomeDetto) + "\", usato \"" +
+                                              usato + "\"");
+    };
     if (IndiceAcciaio(mat, n.acciaio.Nome) == 0) {
         avvisa("Attenzione: tipo acciaio non accettabile (" + Taglia(n.acciaio.Nome) +
                "). Scegliere un acciaio dalla tendina dei  materiali");
         const int posizione = AlternativaMateriale(n.MetodoVerifica(), "PROFILI", n.acciaio.Nome,
                                                    mat.nAcciaiAperte, mat.AcciaiAperte);
+        const std::string voluto = n.acciaio.Nome;
         n.acciaio = mat.AcciaiAperte(posizione + 1);
+        sostituito("acciaio_Nome", voluto, n.acciaio.Nome);
     }
     if (mat.MostraBulloni && IndiceVite(mat, n.vite.Nome) == 0) {
         avvisa("Attenzione: classe viti non accettabile (" + Taglia(n.vite.Nome) +
                "). Scegliere una classe dalla tendina delle viti");
+        const std::string voluta = n.vite.Nome;
         n.vite = mat.Viti(mat.nViti >= 4 ? 4 : 1);
+        sostituito("vite_Nome", voluta, n.vite.Nome);
     }
 }
 

@@ -102,9 +102,8 @@ bool InCampo(std::string& s, double x, int w, std::string_view riempi) {
         }
         const int decimali = i == w ? 0 : w - p;
         std::string t = Maschera(x, decimali, i < w);
-        const std::size_t punto = t.find('.');
-        const int prima = static_cast<int>(punto == std::string::npos ? t.size() : punto);
-        if (prima > i) {  // the rounding has added a digit: start again with the rounded value
+        // The rounding has added a digit that does not fit: start again with the rounded value.
+        if (Lunghezza(t) > w) {
             x = Arrotonda(x, decimali);
             s = TestoNumero(x);
             PosizionePunto(s);

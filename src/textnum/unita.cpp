@@ -106,4 +106,21 @@ void ImpostaUnita(Unita& u) {
     u.DecimaliCarichiSup = nonNegativo(df + 4 + 2 * (1 - dl));
 }
 
+std::string UnitaSconosciute(const Unita& u) {
+    struct Voce {
+        const char* chiave;
+        const std::string* nome;
+        double fattore;
+    };
+    const Voce voci[] = {{"forze", &u.UnitaForze, u.FattoreForze},
+                         {"coppie_momenti", &u.UnitaMomenti, u.FattoreMomenti},
+                         {"tensioni", &u.UnitaTensioni, u.FattoreTensioni}};
+    std::string elenco;
+    for (const Voce& v : voci) {
+        if (v.fattore != 0.0) continue;
+        elenco += (elenco.empty() ? "" : ", ") + std::string(v.chiave) + " \"" + *v.nome + "\"";
+    }
+    return elenco;
+}
+
 }  // namespace tk07

@@ -31,5 +31,8 @@ double FattorePressione(std::string_view nome, short& decimali);
 void LeggiParametriLavoro(std::string_view percorso, Unita& u);
 // Factors and decimals from the names.
 void ImpostaUnita(Unita& u);
+// Forces, moments, stresses whose unit is unknown: key and name ("forze \"kg\", ..."), empty when
+// all are known. Their factor is 0, so that load table and reports show 0 for them.
+std::string UnitaSconosciute(const Unita& u);
 
 }  // namespace tk07

@@ -227,13 +227,39 @@ void Gruppi(const ContestoRel& c, std::vector<BloccoRel>& b) {
                  "inferiore sulla piastra "
                  "2, y dall'intradosso della secondaria. S2: piastra 1 e nervatura 3 nella "
                  "principale, y dalla "
-                 "metà della principale."});
-    VerificaRel v;
-    v.titolo = "Tensioni nei cordoni";
-    v.formule = {
-        "S_{prp} = \\frac{N}{A} − \\frac{F_{1}}{I_{x}} (y − y_{G}) − "
-        "\\frac{F_{2}}{I_{y}} (x − x_{G}),    τ_{pa} = |\\frac{M_{t} b}{J}| + \\frac{T}{A_{T}}"};
-    b.push_back(v);
+                 "metà della principale. yG di S1 è il baricentro del gruppo; quello di S2 è il "
+                 "livello dell'asse della secondaria."});
+    // S2 measures y from the main beam's middle and takes the moments as stored: two formulas.
+    const auto formule = [&b](const char* titolo, std::vector<std::string> f) {
+        VerificaRel v;
+        v.titolo = titolo;
+        v.formule = std::move(f);
+        b.push_back(v);
+    };
+    formule("Tensioni nei cordoni S1 (s1, s2, s3, s10, s11, s13, s15)",
+            {"S_{prp} = \\frac{N}{A} − \\frac{F_{1}}{I_{x}} (y − y_{G}) − \\frac{F_{2}}{I_{y}} x",
+             "F_{1} = 10 M_{z} − [distAzioni T_{y}] + (y_{G} − \\frac{H_{sec}}{2}) N",
+             "F_{2} = 10 M_{y} − [distAzioni T_{z}],    "
+             "M = 10 M_{t} + (y_{G} − \\frac{H_{sec}}{2}) T_{z}"});
+    formule("Tensioni nei cordoni S2 (s4, s8, s9)",
+            {"S_{prp} = \\frac{N}{A} − \\frac{F_{1}}{I_{x}} y − \\frac{F_{2}}{I_{y}} x",
+             "F_{1} = M_{z} − [braccio T_{y}] + y_{G} N,    F_{2} = M_{y} − [braccio T_{z}],    "
+             "M = 10 M_{t} + y_{G} T_{z}",
+             "braccio = \\frac{B_{pri}}{2} + distPiastraTraPri − t_{p1} = " +
+                 TestoMm(c.n.TraPri.B / 2.0 + c.n.distPiastraTraPri - c.n.SpPiastra(1)) + " mm"});
+    formule("Taglio nei cordoni S1 e S2",
+            {"τ_{pa} = |\\frac{M b}{J}| senza taglio lungo il cordone,    "
+             "τ_{pa} = ±|\\frac{M b}{J}| + \\frac{T}{A_{T}} con il segno di T"});
+    b.push_back(TestoRel{
+        "Forze in daN, momenti in daN·cm come nella tabella dei carichi, lunghezze in mm. I "
+        "termini "
+        "fra "
+        "parentesi quadre valgono quando il trasporto è da considerare. b è la gola; T e la sua "
+        "area sono Ty "
+        "con A vert "
+        "nei cordoni verticali, Tz con A orizz in quelli orizzontali. I cordoni s12, s14 e s5, "
+        "s6, s7 "
+        "ricevono le risultanti dei cordoni lungo le nervature."});
 }
 
 }  // namespace

@@ -342,6 +342,44 @@ TEST(Comandi, HostileFilesAreRefusedInOneLineEach) {
     }
 }
 
+// A verdict must say what it stands on: nothing at all, or something else than the file names.
+TEST(Comandi, WhatStandsInForTheFilesNamesIsTold) {
+    const Riga t;
+    const auto conRiga = [&](const char* da, const char* a) {
+        const std::string file = (t.cartella / "cambiato.tk7").string();
+        const std::string testo =
+            SostituisciTesto(prova::LeggiTesto(t.Esempio(kVerificato)), da, a, Maiuscole::distinte);
+        EXPECT_NE(testo, prova::LeggiTesto(t.Esempio(kVerificato)));
+        prova::ScriviTesto(file, testo);
+        return t.Esegui("verifica " + file);
+    };
+    const Uscita nessuno = conRiga("3                                       [nSollAg]",
+                                   "0                                       [nSollAg]");
+    EXPECT_EQ(nessuno.codice, 0);
+    EXPECT_TRUE(Contiene(nessuno.testo, "NESSUN SESTETTO DI SOLLECITAZIONI"));
+    EXPECT_FALSE(Contiene(nessuno.testo, "NODO VERIFICATO"));
+    EXPECT_TRUE(Contiene(conRiga("S 235 (FE 360) ", "S 275 ").errori,
+                         R"x(acciaio_Nome "S 275", usato "S 275 (FE 430)")x"));
+    const Uscita profilo = conRiga("IPE160 ", "IPE161 ");
+    EXPECT_EQ(profilo.codice, 3);
+    EXPECT_TRUE(Contiene(profilo.errori, R"(TraSec_Nome "IPE161")"));
+
+    const std::string unita = t.radice + "/lavori/esempi/parametrilavoro";
+    prova::ScriviTesto(
+        unita, SostituisciTesto(prova::LeggiTesto(unita), "daN8cm2", "bar", Maiuscole::distinte));
+    const Uscita ignota = t.Esegui("verifica " + t.Esempio(kVerificato));
+    EXPECT_EQ(ignota.codice, 0);
+    EXPECT_TRUE(Contiene(ignota.errori, R"(parametrilavoro: tensioni "bar".)"));
+
+    const std::string opzioni = t.radice + "/custom/OpzioniNodi.txt";
+    prova::ScriviTesto(opzioni, SostituisciTesto(prova::LeggiTesto(opzioni), "8|LABC", "32768|LABC",
+                                                 Maiuscole::distinte));
+    const Uscita colore =
+        t.Esegui("disegna " + t.Esempio(kVerificato) + " -o " + (t.cartella / "c.dxf").string());
+    EXPECT_EQ(colore.codice, 70);
+    EXPECT_TRUE(Contiene(colore.errori, "OpzioniNodi.txt, riga 10, opzione \"Colore dei contorni"));
+}
+
 // Whatever bytes a joint file is damaged in: it is read, refused, or ends in the fatal fault.
 TEST(Comandi, DamagedJointFilesNeverCrashTheReader) {
     prova::SessioneDiProva p;

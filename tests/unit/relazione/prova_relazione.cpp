@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <random>
 #include <set>
 
@@ -194,6 +195,60 @@ TEST(Relazione, NumeriUgualiAllaRelazioneDiTesto) {
     }
     EXPECT_GT(righe, 3000);
     EXPECT_GT(formule, 1000);
+}
+
+// The formulas of the welds, with the numbers that the report prints beside them, give its
+// stresses. S2 differs from S1: no yG under the second moments, moments as stored (daN cm), its own
+// arm.
+TEST(Relazione, TensioniDeiCordoniDalleFormuleScritte) {
+    Banco b;
+    EseguiComando(b.s,
+                  [&] { ASSERT_TRUE(ApriNodo(b.s, b.b.Lavoro() + "/02_ipe200_su_ipe300.tk7")); });
+    Nodo& n = b.s.nodo;
+    n.nSollAg = 1;
+    n.SforzoNormale(0) = 3000.0, n.TaglioY(0) = 6000.0, n.TaglioZ(0) = 0.0;
+    n.MomTorc(0) = 0.0, n.MomY(0) = 20000.0, n.MomZ(0) = 900000.0;
+    const RelazionePreparata r =
+        PreparaRelazioneEstesa(n, b.s.opz, b.s.unita, FormaRelazione::estesa);
+    ASSERT_EQ(r.esito, EsitoVerifica::completata);
+    std::vector<std::string> s1, s2;
+    std::map<std::string, std::vector<double>> gruppo;
+    std::map<std::string, std::string> s_prp;
+    for (const BloccoRel& blocco : r.documento.blocchi) {
+        if (const auto* v = std::get_if<VerificaRel>(&blocco)) {
+            if (Contiene(v->titolo, "cordoni S1 (")) s1 = v->formule;
+            if (Contiene(v->titolo, "cordoni S2 (")) s2 = v->formule;
+        }
+        const auto* t = std::get_if<TabellaRel>(&blocco);
+        if (t == nullptr) continue;
+        for (const RigaRel& riga : t->righe) {
+            if (t->colonne[0].titolo == "Gruppo") {
+                for (std::size_t i = 1; i < riga.celle.size(); ++i) {
+                    gruppo[riga.celle[0]].push_back(std::stod(riga.celle[i]));
+                }
+            }
+            if (t->colonne[0].titolo == "Nome") s_prp[riga.celle[0]] = riga.celle[1];
+        }
+    }
+    ASSERT_FALSE(s1.empty() || s2.empty());
+    EXPECT_TRUE(Contiene(s1[0], "(y − y_{G})"));
+    EXPECT_FALSE(Contiene(s2[0], "y_{G}"));
+    EXPECT_TRUE(Contiene(s2.back(), " = 63 mm"));  // 150/2 + 0 - 12
+    enum { gola, A, yG, Ix, Iy };
+    // Mz (10 Mz - distAzioni Ty) > 0: no transport. s4: x = 8/2 + b, y = +-266/2; the larger end.
+    const std::vector<double>& g = gruppo["S2"];
+    const double F1 = 900000.0 + g[yG] * 3000.0, F2 = 20000.0, x = 4.0 + g[gola];
+    const double p = 3000.0 / g[A] - F2 / g[Iy] * x, q = F1 / g[Ix] * 133.0;
+    EXPECT_NEAR(std::stod(s_prp["s4"]), 100.0 * std::max(std::fabs(p - q), std::fabs(p + q)), 1.0);
+    // s1: x = 5.6/2 + b, y = 100 -+ 159/2 from the underside of the beam.
+    const std::vector<double>& h = gruppo["S1"];
+    const double G1 = 9e6 + (h[yG] - 100.0) * 3000.0, G2 = 2e5, x1 = 2.8 + h[gola];
+    double massimo = 0.0;
+    for (const double y : {20.5, 179.5}) {
+        massimo = std::max(massimo,
+                           std::fabs(3000.0 / h[A] - G1 / h[Ix] * (y - h[yG]) - G2 / h[Iy] * x1));
+    }
+    EXPECT_NEAR(std::stod(s_prp["s1"]), 100.0 * massimo, 0.002 * 100.0 * massimo);
 }
 
 // Foot of every page, outline with its pages, embedded fonts, head from intestazione.txt; the short

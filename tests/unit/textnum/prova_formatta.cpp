@@ -99,6 +99,7 @@ TEST(Formatta, FieldsAlignAndShorten) {
               {12.00049, "(cd_05)(zr_0)(fd_06)", 1, "12.000"},
               // rounding adds a digit: the field stays as wide as asked
               {9999.6, "(fd_04)", 1, "1.E4"},
+              {9999.996, "(fd_07)", 1, "10000.\0"s},  // fits: filled behind, as any mask
               {99999.7, "(fd_06)", 1, "100000"},
               {-0.68, "(fd_02)", 1, "-1"},
               // too wide: scientific, then asterisks

@@ -62,6 +62,7 @@ TEST(Unita, MomentsStressesAndSurfaceLoads) {
         EXPECT_EQ(u.DecimaliTensioni, k.dt) << k.tensioni;
         EXPECT_EQ(u.DecimaliCarichiSup, k.dc) << k.carichi;
         EXPECT_EQ(u.DecimaliForze, 3);
+        EXPECT_EQ(UnitaSconosciute(u), k.fm == 0 ? R"(coppie_momenti "x", tensioni "bar")" : "");
     }
 }
 
