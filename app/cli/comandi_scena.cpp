@@ -5,6 +5,7 @@
 #include "base/testo.h"
 #include "cli/banco.h"
 #include "scene3d/file_scena.h"
+#include "scene3d/urti.h"
 #include "session/vista3d.h"
 
 namespace tk07 {
@@ -48,6 +49,12 @@ int Produci(const Sessione& s, const OpzioniScena& opz, const Grafica& grafica) 
                " sezioni\n    file: " + opz.uscita + "\n");
     }
     Stampa(testo);
+    // A fact of the joint that no check of it sees.
+    if (VuoleSolidi(opz)) {
+        for (const std::string& riga : RigheUrti(UrtiBulloni(s.nodo))) {
+            Errore(opz.file, "attenzione, " + riga);
+        }
+    }
     return kUscitaOk;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/schermo.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "base/testo.h"
@@ -18,6 +19,11 @@ bool LeggiDimensioni(const std::string& testo, int& larghezza, int& altezza) {
     larghezza = static_cast<int>(*l);
     altezza = static_cast<int>(*a);
     return true;
+}
+
+bool ScriviUscita(const std::string& testo) {
+    return std::fwrite(testo.data(), 1, testo.size(), stdout) == testo.size() &&
+           std::fflush(stdout) == 0;
 }
 
 bool SchermoPresente() {

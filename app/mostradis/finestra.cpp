@@ -1,18 +1,14 @@
 #include "mostradis/finestra.h"
 
 #include <QAction>
-#include <QActionGroup>
-#include <QDateTime>
 #include <QDockWidget>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
@@ -20,13 +16,10 @@
 #include <QPrinter>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QUrl>
-#include <QVBoxLayout>
 #include <cmath>
 #include <utility>
 #include <vector>
 
-#include "drawing/dis.h"
 #include "mostradis/lettura.h"
 #include "render/esporta.h"
 #include "render/tavola.h"
@@ -35,7 +28,6 @@ namespace tk07 {
 
 namespace {
 
-constexpr int kAttesaMs = 120;
 constexpr double kPassoZoom = 1.3;
 
 const char* const kTasti =
@@ -56,23 +48,14 @@ QIcon Campione(int indice, Carta carta) {
 
 }  // namespace
 
-Finestra::Finestra(const Opzioni& opz) : nomiStrati_(NomiStrati(opz)) {
-    auto* centro = new QWidget(this);
-    auto* colonna = new QVBoxLayout(centro);
-    colonna->setContentsMargins(0, 0, 0, 0);
-    colonna->setSpacing(0);
-    avviso_ = new QLabel(centro);
-    avviso_->setObjectName("Avviso");
-    avviso_->setWordWrap(true);
-    avviso_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    avviso_->setStyleSheet("background:#b3261e; color:white; padding:6px 10px;");
-    avviso_->hide();
-    vista_ = new Vista(centro);
+Finestra::Finestra(const Opzioni& opz, StiliGrb stili)
+    : FinestraFile(QString::fromUtf8(kTitoloVisualizzatore)),
+      opz_(opz),
+      stili_(std::move(stili)),
+      nomiStrati_(NomiStrati(opz)) {
+    vista_ = new Vista(Centro());
     vista_->Opzioni().spessori = SpessoriPenne(opz);
-    colonna->addWidget(avviso_);
-    colonna->addWidget(vista_, 1);
-    setCentralWidget(centro);
-    setWindowTitle(QString::fromUtf8(kTitoloVisualizzatore).chopped(3));
+    MettiVista(vista_);
     servizio_ = new ServizioFinestra(
         [this](const QString& comando) {
             if (comando == "^v") {
@@ -84,7 +67,6 @@ Finestra::Finestra(const Opzioni& opz) : nomiStrati_(NomiStrati(opz)) {
             }
         },
         this);
-    setAcceptDrops(true);
     resize(1200, 820);
 
     posizione_ = new QLabel(this);
@@ -97,62 +79,38 @@ Finestra::Finestra(const Opzioni& opz) : nomiStrati_(NomiStrati(opz)) {
 
     FaiStrati();
     FaiMenu();
-    attesa_.setSingleShot(true);
-    attesa_.setInterval(kAttesaMs);
-    connect(&attesa_, &QTimer::timeout, this, [this] { ControllaFile(); });
-    for (const auto segnale :
-         {&QFileSystemWatcher::fileChanged, &QFileSystemWatcher::directoryChanged}) {
-        connect(&guardia_, segnale, this, [this] { attesa_.start(); });
-    }
 }
 
 void Finestra::FaiMenu() {
-    QToolBar* barra = addToolBar("Comandi");
-    barra->setMovable(false);
-    const auto voce = [&](QMenu* menu, const char* testo, const std::vector<QKeySequence>& tasti,
-                          const char* aiuto, bool inBarra) {
-        auto* a = new QAction(QString::fromUtf8(testo), this);
-        a->setShortcuts(QList<QKeySequence>(tasti.begin(), tasti.end()));
-        QString suggerimento = QString::fromUtf8(aiuto);
-        if (!tasti.empty()) {
-            suggerimento += " (" + tasti[0].toString(QKeySequence::NativeText) + ")";
-        }
-        a->setToolTip(suggerimento);
-        a->setStatusTip(QString::fromUtf8(aiuto));
-        menu->addAction(a);
-        if (inBarra) barra->addAction(a);
-        return a;
-    };
     QMenu* file = menuBar()->addMenu("&File");
-    connect(voce(file, "&Apri...", {QKeySequence::Open}, "Apre un file di disegno", true),
-            &QAction::triggered, this, [this] { ChiediFile(); });
-    connect(voce(file, "&Ricarica", {Qt::Key_F5, Qt::CTRL | Qt::Key_V},
-                 "Rilegge il file, con lo stesso ingrandimento", true),
-            &QAction::triggered, this, [this] { Ricarica(); });
+    Voce(file, "&Apri...", {QKeySequence::Open}, "Apre un file di disegno", Dove::menuEBarra,
+         [this] { ChiediFile(); });
+    Voce(file, "&Ricarica", {Qt::Key_F5, Qt::CTRL | Qt::Key_V},
+         "Rilegge il file, con lo stesso ingrandimento", Dove::menuEBarra, [this] { Ricarica(); });
     file->addSeparator();
-    connect(voce(file, "&Esporta...", {Qt::CTRL | Qt::Key_E},
-                 "Scrive la tavola in scala come SVG, PDF o PNG", true),
-            &QAction::triggered, this, [this] { ChiediEsporta(); });
-    connect(voce(file, "&Stampa...", {QKeySequence::Print}, "Stampa la tavola in scala", true),
-            &QAction::triggered, this, [this] { ChiediStampa(); });
+    Voce(file, "&Esporta...", {Qt::CTRL | Qt::Key_E},
+         "Scrive la tavola in scala come SVG, PDF o PNG", Dove::menuEBarra,
+         [this] { ChiediEsporta(); });
+    Voce(file, "&Stampa...", {QKeySequence::Print}, "Stampa la tavola in scala", Dove::menuEBarra,
+         [this] { ChiediStampa(); });
     file->addSeparator();
-    connect(voce(file, "E&sci", {Qt::CTRL | Qt::Key_Q}, "Chiude il programma", false),
-            &QAction::triggered, this, [this] { close(); });
+    Voce(file, "E&sci", {Qt::CTRL | Qt::Key_Q}, "Chiude il programma", Dove::menu,
+         [this] { close(); });
 
-    barra->addSeparator();
+    Barra()->addSeparator();
     QMenu* vista = menuBar()->addMenu("&Visualizza");
-    connect(voce(vista, "&Adatta", {Qt::Key_F, Qt::Key_Home}, "Mostra tutto il disegno", true),
-            &QAction::triggered, this, [this] { vista_->Adatta(); });
+    Voce(vista, "&Adatta", {Qt::Key_F, Qt::Key_Home}, "Mostra tutto il disegno", Dove::menuEBarra,
+         [this] { vista_->Adatta(); });
     const auto zoom = [this](double f) {
         vista_->Ingrandisci(f, QPointF(vista_->width() / 2.0, vista_->height() / 2.0));
     };
-    connect(voce(vista, "&Ingrandisci", {Qt::Key_Plus}, "Ingrandisce", false), &QAction::triggered,
-            this, [zoom] { zoom(kPassoZoom); });
-    connect(voce(vista, "&Riduci", {Qt::Key_Minus}, "Riduce", false), &QAction::triggered, this,
-            [zoom] { zoom(1.0 / kPassoZoom); });
+    Voce(vista, "&Ingrandisci", {Qt::Key_Plus}, "Ingrandisce", Dove::menu,
+         [zoom] { zoom(kPassoZoom); });
+    Voce(vista, "&Riduci", {Qt::Key_Minus}, "Riduce", Dove::menu,
+         [zoom] { zoom(1.0 / kPassoZoom); });
     vista->addSeparator();
-    QAction* scura =
-        voce(vista, "&Carta scura", {Qt::CTRL | Qt::Key_D}, "Fondo scuro o bianco", true);
+    QAction* scura = Voce(vista, "&Carta scura", {Qt::CTRL | Qt::Key_D}, "Fondo scuro o bianco",
+                          Dove::menuEBarra);
     scura->setCheckable(true);
     scura->setObjectName("CartaScura");
     connect(scura, &QAction::toggled, this, [this](bool si) {
@@ -168,8 +126,8 @@ void Finestra::FaiMenu() {
     }
 
     QMenu* strumenti = menuBar()->addMenu("S&trumenti");
-    QAction* misura =
-        voce(strumenti, "&Misura", {Qt::Key_M}, "Distanza tra due punti (Esc per finire)", true);
+    QAction* misura = Voce(strumenti, "&Misura", {Qt::Key_M},
+                           "Distanza tra due punti (Esc per finire)", Dove::menuEBarra);
     misura->setCheckable(true);
     misura->setObjectName("AttivaMisura");
     connect(misura, &QAction::toggled, this, [this](bool si) { vista_->AttivaMisura(si); });
@@ -179,10 +137,8 @@ void Finestra::FaiMenu() {
     addAction(fine);
 
     QMenu* aiuto = menuBar()->addMenu("&?");
-    connect(voce(aiuto, "&Comandi e tasti", {Qt::Key_F1}, "Elenco dei comandi", false),
-            &QAction::triggered, this, [this] {
-                QMessageBox::information(this, "Comandi e tasti", QString::fromUtf8(kTasti));
-            });
+    Voce(aiuto, "&Comandi e tasti", {Qt::Key_F1}, "Elenco dei comandi", Dove::menu,
+         [this] { QMessageBox::information(this, "Comandi e tasti", QString::fromUtf8(kTasti)); });
 }
 
 void Finestra::FaiStrati() {
@@ -224,89 +180,42 @@ void Finestra::AggiornaStrati() {
     }
 }
 
-void Finestra::Avvisa(const QString& testo) {
-    avviso_->setText(testo);
-    avviso_->setVisible(!testo.isEmpty());
+QString Finestra::FileInteso(const QString& argomento, QString& errore) const {
+    std::string detto;
+    const auto nome = DisegnoChiesto(argomento.toStdString(), detto);
+    errore = QString::fromStdString(detto);
+    return QString::fromStdString(nome.value_or(std::string()));
 }
 
-bool Finestra::Apri(const QString& file) {
-    std::string errore;
-    const auto nome = DisegnoChiesto(file.toStdString(), errore);
-    if (!nome) {
-        Avvisa(QString::fromStdString(errore));
-        return false;
-    }
-    const QString prima = std::exchange(file_, QString::fromStdString(*nome));
-    const bool letto = Ricarica();
-    if (!letto && mostrato_) {  // what is on show keeps its name
-        file_ = prima;
-        Sorveglia();
-        return false;
-    }
-    // The mark that the toolkit takes for "changed" stands for itself in a file's name.
-    setWindowTitle(QString::fromUtf8(kTitoloVisualizzatore) +
-                   QString(file_).replace("[*]", "[*][*]"));
-    servizio_->Ascolta(QString::fromUtf8(kTitoloVisualizzatore) + file_);
+void Finestra::Aperto(bool letto) {
+    servizio_->Ascolta(QString::fromUtf8(kTitoloVisualizzatore) + File());
     if (letto) vista_->Adatta();
-    return letto;
 }
 
-bool Finestra::Ricarica() {
-    if (file_.isEmpty()) return false;
-    const QFileInfo info(file_);
-    dataLetta_ = info.lastModified();
-    grandezzaLetta_ = info.size();
-    Sorveglia();
-    Disegno d;
-    std::string errore;
-    if (!LeggiDis(file_.toStdString(), d, errore)) {
-        Avvisa(QStringLiteral("Il file %1 non è leggibile: %2")
-                   .arg(file_)
-                   .arg(QString::fromStdString(errore)));
+bool Finestra::Leggi(const QString& file, QString& errore) {
+    DisegnoLetto letto;
+    std::string detto;
+    if (!LeggiDisegno(file.toStdString(), opz_, stili_, letto, detto)) {
+        errore = QStringLiteral("Il file %1 non è leggibile: %2")
+                     .arg(file)
+                     .arg(QString::fromStdString(detto));
         return false;
     }
-    Avvisa({});
-    vista_->Mostra(std::move(d));
-    mostrato_ = true;
+    vista_->Mostra(std::move(letto.d));
     AggiornaStrati();
-    statusBar()->showMessage("Letto alle " + QTime::currentTime().toString("HH:mm:ss"), 4000);
     return true;
-}
-
-// The file is replaced by renaming another over it, which ends the watch on it; its directory tells
-// of the new one.
-void Finestra::Sorveglia() {
-    const QFileInfo info(file_);
-    QStringList vuole{info.absolutePath()};
-    if (info.exists()) vuole << file_;
-    const QStringList ha = guardia_.files() + guardia_.directories();
-    for (const QString& v : ha) {
-        if (!vuole.contains(v)) guardia_.removePath(v);
-    }
-    for (const QString& v : vuole) {
-        if (!ha.contains(v) && QFileInfo::exists(v)) guardia_.addPath(v);
-    }
-}
-
-void Finestra::ControllaFile() {
-    const QFileInfo info(file_);
-    if (!info.exists()) return;  // between two versions
-    const bool sostituito = !guardia_.files().contains(file_);
-    if (sostituito || info.lastModified() != dataLetta_ || info.size() != grandezzaLetta_) {
-        Ricarica();
-    }
 }
 
 void Finestra::ChiediFile() {
     const QString file = QFileDialog::getOpenFileName(
-        this, "Apri disegno", QFileInfo(file_).absolutePath(),
-        "File disegno (*.dis *.DIS);;File di scambio (*.inp);;Tutti i file (*)");
+        this, "Apri disegno", QFileInfo(File()).absolutePath(),
+        "File disegno (*.dis *.DIS *.grb *.GRB);;File di scambio (*.inp);;Tutti i file (*)");
     if (!file.isEmpty()) Apri(file);
 }
 
 void Finestra::ChiediEsporta() {
-    if (file_.isEmpty()) return;
-    const QFileInfo info(file_);
+    if (File().isEmpty()) return;
+    const QFileInfo info(File());
     QString filtro;
     QString file = QFileDialog::getSaveFileName(
         this, "Esporta tavola", info.absolutePath() + "/" + info.completeBaseName() + ".pdf",
@@ -318,8 +227,9 @@ void Finestra::ChiediEsporta() {
 
 bool Finestra::Esporta(const QString& file) {
     QString errore;
-    if (!EsportaTavola(vista_->Corrente(), CartiglioDiFile(vista_->Corrente(), file_.toStdString()),
-                       vista_->Opzioni(), file, errore)) {
+    if (!EsportaTavola(vista_->Corrente(),
+                       CartiglioDiFile(vista_->Corrente(), File().toStdString()), vista_->Opzioni(),
+                       file, errore)) {
         Avvisa(errore);
         return false;
     }
@@ -329,7 +239,7 @@ bool Finestra::Esporta(const QString& file) {
 }
 
 void Finestra::ChiediStampa() {
-    if (file_.isEmpty()) return;
+    if (File().isEmpty()) return;
     const QRectF q = IngombroDisegno(vista_->Corrente());
     const Foglio foglio = ScegliFoglio(q.width(), q.height());
     QPrinter stampante(QPrinter::HighResolution);
@@ -346,7 +256,7 @@ void Finestra::ChiediStampa() {
 
 bool Finestra::Stampa(QPrinter& stampante) {
     stampante.setFullPage(true);
-    stampante.setDocName(QFileInfo(file_).fileName());
+    stampante.setDocName(QFileInfo(File()).fileName());
     const Disegno& d = vista_->Corrente();
     const QRectF q = IngombroDisegno(d);
     const QPageLayout pagina = stampante.pageLayout();
@@ -362,17 +272,8 @@ bool Finestra::Stampa(QPrinter& stampante) {
     if (!p.begin(&stampante)) return false;
     constexpr double kMmPollice = 25.4;
     p.scale(stampante.logicalDpiX() / kMmPollice, stampante.logicalDpiY() / kMmPollice);
-    DipingiTavola(p, d, foglio, CartiglioDiFile(d, file_.toStdString()), vista_->Opzioni());
+    DipingiTavola(p, d, foglio, CartiglioDiFile(d, File().toStdString()), vista_->Opzioni());
     return p.end();
-}
-
-void Finestra::dragEnterEvent(QDragEnterEvent* e) {
-    if (e->mimeData()->hasUrls()) e->acceptProposedAction();
-}
-
-void Finestra::dropEvent(QDropEvent* e) {
-    const QList<QUrl> nomi = e->mimeData()->urls();
-    if (!nomi.isEmpty() && nomi[0].isLocalFile()) Apri(nomi[0].toLocalFile());
 }
 
 }  // namespace tk07

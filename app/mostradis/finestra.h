@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QDateTime>
-#include <QFileSystemWatcher>
-#include <QMainWindow>
 #include <QString>
-#include <QTimer>
 #include <array>
 
+#include "drawing/stili_grb.h"
+#include "finestre/finestra_file.h"
 #include "finestre/servizio_finestra.h"
 #include "mostradis/vista.h"
 #include "options/opzioni.h"
@@ -19,18 +17,13 @@ namespace tk07 {
 
 inline constexpr const char* kTitoloVisualizzatore = "VISUALIZZAZIONE FILE DISEGNO - ";
 
-// The viewer's window: one drawing, its layers, measuring, printing, export. The file is watched
-// and read again when it changes.
-class Finestra : public QMainWindow {
+// The viewer's window: one drawing, its layers, measuring, printing, export.
+class Finestra : public FinestraFile {
   public:
-    // `opz` gives the layers their names and pens; may be empty.
-    explicit Finestra(const Opzioni& opz);
+    // `opz` gives the layers their names and pens, and with `stili` a GRB file its colours and text
+    // sizes; may be empty.
+    explicit Finestra(const Opzioni& opz, StiliGrb stili = {.Stili = {}});
 
-    // Shows a DIS file, or the one named by an exchange file. When it cannot be read a bar above
-    // the drawing says why, with file and line, and the drawing on show stays, title and all.
-    bool Apri(const QString& file);
-    bool Ricarica();
-    void Avvisa(const QString& testo);  // empty: hides the bar
     bool Esporta(const QString& file);
     // On the printer's sheet as it is set: to scale where it fits at all.
     bool Stampa(QPrinter& stampante);
@@ -38,31 +31,26 @@ class Finestra : public QMainWindow {
     Vista* Superficie() { return vista_; }
 
   protected:
-    void dragEnterEvent(QDragEnterEvent* e) override;
-    void dropEvent(QDropEvent* e) override;
+    // A DIS or GRB file, or the one named by an exchange file.
+    QString FileInteso(const QString& argomento, QString& errore) const override;
+    bool Leggi(const QString& file, QString& errore) override;
+    void Aperto(bool letto) override;
 
   private:
     void FaiMenu();
     void FaiStrati();
     void AggiornaStrati();
-    void Sorveglia();
-    void ControllaFile();
     void ChiediFile();
     void ChiediEsporta();
     void ChiediStampa();
 
+    Opzioni opz_;
+    StiliGrb stili_;
     Vista* vista_;
     ServizioFinestra* servizio_;  // a session that knows the title brings the window up
-    QLabel* avviso_;
     QListWidget* strati_;
     QLabel *posizione_, *misura_;
     std::array<QString, kColori> nomiStrati_;
-    QFileSystemWatcher guardia_;
-    QTimer attesa_;        // several signals of one change are one
-    QString file_;         // absolute
-    QDateTime dataLetta_;  // of the file on show
-    qint64 grandezzaLetta_ = -1;
-    bool mostrato_ = false;  // a drawing is on show
 };
 
 }  // namespace tk07

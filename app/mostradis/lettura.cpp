@@ -11,6 +11,8 @@
 #include "base/piattaforma.h"
 #include "base/testo.h"
 #include "cli/programma.h"
+#include "drawing/dis.h"
+#include "drawing/vista_grb.h"
 #include "render/pittura.h"
 
 namespace tk07 {
@@ -95,7 +97,30 @@ std::optional<std::string> DisegnoChiesto(const std::string& argomento, std::str
     return PercorsoAssoluto(argomento);
 }
 
-std::string ElencaDisegno(const Disegno& d, const std::string& file) {
+bool LeggiDisegno(const std::string& file, const Opzioni& opz, const StiliGrb& stili,
+                  DisegnoLetto& letto, std::string& errore) {
+    if (!FinisceCon(Minuscolo(file), ".grb")) {
+        Disegno d;
+        if (!LeggiDis(file, d, errore)) {
+            // The main program's second filter writes a DXF under this ending.
+            const FileLetto f = LeggiRighe(file);
+            if (f.righe.size() > 1 && Taglia(f.righe[0]) == "0" && f.righe[1] == "SECTION") {
+                errore = "contiene un testo DXF, da aprire con un programma CAD";
+            }
+            return false;
+        }
+        letto = {std::move(d), {}};
+        return true;
+    }
+    DisegnoGrb g;
+    Disegno d;
+    if (!LeggiGrb(file, g, errore) || !MostraGrb(g, stili, opz, d, errore)) return false;
+    letto = {std::move(d), std::move(g.quote)};
+    return true;
+}
+
+std::string ElencaDisegno(const DisegnoLetto& letto, const std::string& file) {
+    const Disegno& d = letto.d;
     std::string r = "FILE  " + PercorsoMostrato(file) + "\n";
     for (const auto& [nome, quanti] :
          std::initializer_list<std::pair<const char*, std::size_t>>{{"COORDINATE", d.coordX.size()},
@@ -105,6 +130,7 @@ std::string ElencaDisegno(const Disegno& d, const std::string& file) {
                                                                     {"TESTI", d.testi.size()}}) {
         r.append(nome).append("  ").append(std::to_string(quanti)).append("\n");
     }
+    if (!letto.quote.empty()) r += "QUOTE  " + std::to_string(letto.quote.size()) + "\n";
     const auto limiti = [&](const char* nome, double x0, double x1, double y0, double y1) {
         r.append(nome).append("  x da " + Numero(x0) + " a " + Numero(x1) + "  y da " + Numero(y0) +
                               " a " + Numero(y1) + "\n");
@@ -146,6 +172,16 @@ std::string ElencaDisegno(const Disegno& d, const std::string& file) {
                  .Di("carattere", {t.testoLargh / 10.0, t.testoAlt / 10.0})
                  .Di("colore", {double(t.testoColore)})
                  .Detto("\"" + t.testoStringa + "\"")
+                 .Fine();
+    }
+    for (std::size_t i = 0; i < letto.quote.size(); ++i) {
+        const QuotaGrb& quota = letto.quote[i];
+        r += Riga("QUOTA", i)
+                 .Di("da", {x(quota.quotaP1), y(quota.quotaP1)})
+                 .Di("a", {x(quota.quotaP2), y(quota.quotaP2)})
+                 .Di("distanza", {quota.quotaOffset})
+                 .Di("stile", {double(quota.quotaStile)})
+                 .Detto("\"" + quota.quotaTesto + "\"")
                  .Fine();
     }
     return r;

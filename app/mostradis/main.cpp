@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <clocale>
-#include <cstdio>
 #include <string>
+#include <utility>
 
 #include "base/file_testo.h"
 #include "base/testo.h"
@@ -12,7 +12,6 @@
 #include "cli/porta_cli.h"
 #include "cli/programma.h"
 #include "cli/schermo.h"
-#include "drawing/dis.h"
 #include "mostradis/finestra.h"
 #include "mostradis/lettura.h"
 #include "render/esporta.h"
@@ -32,12 +31,12 @@ int Guasto(const std::string& testo) {
 
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
-    CLI::App app{"Visualizzatore dei file di disegno (.dis)", "mostradis"};
+    CLI::App app{"Visualizzatore dei file di disegno (.dis, .grb)", "mostradis"};
     ParlaItaliano(app);
     std::string file, immagine, tavola, dimensioni = "1600x1000";
     bool elenca = false;
     app.add_option("FILE", file,
-                   "Disegno (.dis), o file di scambio (.inp); senza, il mostradis.inp della "
+                   "Disegno (.dis, .grb), o file di scambio (.inp); senza, il mostradis.inp della "
                    "cartella corrente o del programma")
         ->type_name("");
     app.add_flag("--elenca", elenca, "Elenca quanto letto, senza schermo");
@@ -60,21 +59,22 @@ int main(int argc, char** argv) {
     Opzioni opz;
     const std::string opzioni = dirProgramma + "/../custom/OpzioniNodi.txt";
     if (EsisteFile(opzioni)) LeggiOpzioni(opzioni, opz, PiattaformaMuta());
+    StiliGrb stili{.Stili = {}};  // without a model the options give the heights
+    LeggiStiliGrb(dirProgramma + "/../custom/cad2dmodello.grb", stili, PiattaformaMuta());
 
     if (elenca || !immagine.empty() || !tavola.empty()) {
         if (file.empty()) return Guasto("manca il file di disegno");
         std::string errore;
         const auto nome = DisegnoChiesto(file, errore);
         if (!nome) return Guasto(errore);
-        Disegno d;
-        if (!LeggiDis(*nome, d, errore)) return Guasto(PercorsoMostrato(*nome) + ": " + errore);
-        if (elenca) {
-            const std::string testo = ElencaDisegno(d, *nome);
-            if (std::fwrite(testo.data(), 1, testo.size(), stdout) != testo.size() ||
-                std::fflush(stdout) != 0) {
-                return Guasto("uscita non scritta");
-            }
+        DisegnoLetto letto;
+        if (!LeggiDisegno(*nome, opz, stili, letto, errore)) {
+            return Guasto(PercorsoMostrato(*nome) + ": " + errore);
         }
+        if (elenca && !ScriviUscita(ElencaDisegno(letto, *nome))) {
+            return Guasto("uscita non scritta");
+        }
+        const Disegno& d = letto.d;
         if (immagine.empty() && tavola.empty()) return 0;
         const auto qt = AppSenzaSchermo();
         OpzioniPittura pittura;
@@ -98,7 +98,7 @@ int main(int argc, char** argv) {
     if (!SchermoPresente()) return Guasto("nessuno schermo: usare --elenca o --immagine");
     const auto qt = InSilenzio([&] { return std::make_unique<QApplication>(argc, argv); });
     CaricaItaliano(*qt);
-    Finestra finestra(opz);
+    Finestra finestra(opz, std::move(stili));
     finestra.show();
     if (file.empty()) {
         finestra.Avvisa("Nessun disegno: aprirne uno con File, Apri (Ctrl+O)");

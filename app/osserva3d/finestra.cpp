@@ -1,12 +1,8 @@
 #include "osserva3d/finestra.h"
 
 #include <QAction>
-#include <QActionGroup>
-#include <QBuffer>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
@@ -15,17 +11,15 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QSlider>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <cmath>
 #include <utility>
 
 #include "base/file_testo.h"
-#include "cli/programma.h"
+#include "render/esporta.h"
 #include "render/solidi/esporta_solidi.h"
 #include "scene3d/file_scena.h"
 
@@ -33,7 +27,6 @@ namespace tk07 {
 
 namespace {
 
-constexpr int kAttesaMs = 120;
 constexpr int kCento = 100;  // steps of the sliders
 
 const char* const kTasti =
@@ -106,23 +99,9 @@ bool LeggiSolidi(const std::string& file, Scena& scena, std::vector<Parte>& part
     return false;
 }
 
-Finestra3D::Finestra3D(Superficie* (*fai)(QWidget*)) {
-    auto* centro = new QWidget(this);
-    auto* colonna = new QVBoxLayout(centro);
-    colonna->setContentsMargins(0, 0, 0, 0);
-    colonna->setSpacing(0);
-    avviso_ = new QLabel(centro);
-    avviso_->setObjectName("Avviso");
-    avviso_->setWordWrap(true);
-    avviso_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    avviso_->setStyleSheet("background:#b3261e; color:white; padding:6px 10px;");
-    avviso_->hide();
-    vista_ = fai(centro);
-    colonna->addWidget(avviso_);
-    colonna->addWidget(vista_, 1);
-    setCentralWidget(centro);
-    setWindowTitle(kTitoloOsserva);
-    setAcceptDrops(true);
+Finestra3D::Finestra3D(Superficie* (*fai)(QWidget*)) : FinestraFile(kTitoloOsserva) {
+    vista_ = fai(Centro());
+    MettiVista(vista_);
     resize(1280, 800);
     misura_ = new QLabel(this);
     misura_->setObjectName("Misura");
@@ -141,13 +120,6 @@ Finestra3D::Finestra3D(Superficie* (*fai)(QWidget*)) {
     pannello("Pezzi", "PannelloPezzi", FaiPezzi());
     FaiMenu();
     Scegli(-1);
-    attesa_.setSingleShot(true);
-    attesa_.setInterval(kAttesaMs);
-    connect(&attesa_, &QTimer::timeout, this, [this] { ControllaFile(); });
-    for (const auto segnale :
-         {&QFileSystemWatcher::fileChanged, &QFileSystemWatcher::directoryChanged}) {
-        connect(&guardia_, segnale, this, [this] { attesa_.start(); });
-    }
 }
 
 QWidget* Finestra3D::FaiPezzi() {
@@ -234,44 +206,26 @@ void Finestra3D::CambiaSezione() {
 }
 
 void Finestra3D::FaiMenu() {
-    QToolBar* barra = addToolBar("Comandi");
-    barra->setMovable(false);
-    enum class Dove { menu, menuEBarra };
-    const auto voce = [&](QMenu* menu, const QString& testo, const std::vector<QKeySequence>& tasti,
-                          const char* aiuto, Dove dove, auto fai) {
-        auto* a = new QAction(testo, this);
-        a->setShortcuts(QList<QKeySequence>(tasti.begin(), tasti.end()));
-        QString suggerimento = QString::fromUtf8(aiuto);
-        if (!tasti.empty()) {
-            suggerimento += " (" + tasti[0].toString(QKeySequence::NativeText) + ")";
-        }
-        a->setToolTip(suggerimento);
-        a->setStatusTip(QString::fromUtf8(aiuto));
-        menu->addAction(a);
-        if (dove == Dove::menuEBarra) barra->addAction(a);
-        connect(a, &QAction::triggered, this, fai);
-        return a;
-    };
     QMenu* file = menuBar()->addMenu("&File");
-    voce(file, "&Apri...", {QKeySequence::Open}, "Apre un file di scena", Dove::menuEBarra,
+    Voce(file, "&Apri...", {QKeySequence::Open}, "Apre un file di scena", Dove::menuEBarra,
          [this] { ChiediFile(); });
-    voce(file, "&Ricarica", {Qt::Key_F5}, "Rilegge il file, con la stessa vista", Dove::menuEBarra,
+    Voce(file, "&Ricarica", {Qt::Key_F5}, "Rilegge il file, con la stessa vista", Dove::menuEBarra,
          [this] { Ricarica(); });
     file->addSeparator();
-    voce(file, "&Esporta...", {Qt::CTRL | Qt::Key_E},
+    Voce(file, "&Esporta...", {Qt::CTRL | Qt::Key_E},
          "Scrive i pezzi visibili come STEP, glTF o STL, o la vista come PNG", Dove::menuEBarra,
          [this] { ChiediEsporta(); });
     file->addSeparator();
-    voce(file, "E&sci", {Qt::CTRL | Qt::Key_Q}, "Chiude il programma", Dove::menu,
+    Voce(file, "E&sci", {Qt::CTRL | Qt::Key_Q}, "Chiude il programma", Dove::menu,
          [this] { close(); });
-    barra->addSeparator();
+    Barra()->addSeparator();
 
     QMenu* vista = menuBar()->addMenu("&Visualizza");
-    voce(vista, "&Adatta", {Qt::Key_F, Qt::Key_Home}, "Mostra tutti i pezzi visibili",
+    Voce(vista, "&Adatta", {Qt::Key_F, Qt::Key_Home}, "Mostra tutti i pezzi visibili",
          Dove::menuEBarra, [this] { vista_->Adatta(); });
     vista->addSeparator();
     for (int k = 1; k <= kViste; ++k) {
-        voce(vista, QString("&%1 %2").arg(k).arg(VistaNumero(k, scena_).nome),
+        Voce(vista, QString("&%1 %2").arg(k).arg(VistaNumero(k, scena_).nome),
              {QKeySequence(Qt::Key_0 + k)}, "Vista normale",
              k == 1 || k == 3 || k == 5 || k == kViste ? Dove::menuEBarra : Dove::menu, [this, k] {
                  const VistaNota v = VistaNumero(k, scena_);
@@ -283,25 +237,25 @@ void Finestra3D::FaiMenu() {
                                                 {"Ombreggiato con s&pigoli", Qt::Key_G},
                                                 {"&Linee nascoste", Qt::Key_N}};
     for (int i = 0; i < 3; ++i) {
-        voce(vista, modi[i].first, {QKeySequence(modi[i].second)}, "Modo di mostrare i pezzi",
+        Voce(vista, modi[i].first, {QKeySequence(modi[i].second)}, "Modo di mostrare i pezzi",
              Dove::menu, [this, i] { modo_->setCurrentIndex(i); });
     }
     vista->addSeparator();
     for (QDockWidget* d : findChildren<QDockWidget*>()) vista->addAction(d->toggleViewAction());
 
-    barra->addSeparator();
+    Barra()->addSeparator();
     QMenu* pezzi = menuBar()->addMenu("&Pezzi");
     const auto scelta = [this] { return vista_->Aspetto().pittura.scelta; };
-    voce(pezzi, "&Nascondi", {Qt::Key_H}, "Nasconde il pezzo scelto", Dove::menu,
+    Voce(pezzi, "&Nascondi", {Qt::Key_H}, "Nasconde il pezzo scelto", Dove::menu,
          [this, scelta] { Nascondi(scelta()); });
-    voce(pezzi, "&Isola", {Qt::Key_I}, "Mostra soltanto il pezzo scelto", Dove::menu,
+    Voce(pezzi, "&Isola", {Qt::Key_I}, "Mostra soltanto il pezzo scelto", Dove::menu,
          [this, scelta] { Isola(scelta()); });
-    voce(pezzi, "&Mostra tutti", {Qt::Key_T}, "Mostra tutti i pezzi", Dove::menuEBarra,
+    Voce(pezzi, "&Mostra tutti", {Qt::Key_T}, "Mostra tutti i pezzi", Dove::menuEBarra,
          [this] { MostraTutti(); });
 
     QMenu* strumenti = menuBar()->addMenu("S&trumenti");
-    QAction* misura = voce(strumenti, "&Misura", {Qt::Key_M},
-                           "Distanza tra due punti (Esc per finire)", Dove::menuEBarra, [] {});
+    QAction* misura = Voce(strumenti, "&Misura", {Qt::Key_M},
+                           "Distanza tra due punti (Esc per finire)", Dove::menuEBarra);
     misura->setCheckable(true);
     misura->setObjectName("AttivaMisura");
     connect(misura, &QAction::toggled, this, [this](bool si) { vista_->AttivaMisura(si); });
@@ -313,7 +267,7 @@ void Finestra3D::FaiMenu() {
     });
     addAction(fine);
     QMenu* aiuto = menuBar()->addMenu("&?");
-    voce(aiuto, "&Comandi e tasti", {Qt::Key_F1}, "Elenco dei comandi", Dove::menu,
+    Voce(aiuto, "&Comandi e tasti", {Qt::Key_F1}, "Elenco dei comandi", Dove::menu,
          [this] { QMessageBox::information(this, "Comandi e tasti", QString::fromUtf8(kTasti)); });
 }
 
@@ -399,42 +353,19 @@ void Finestra3D::MenuPezzo(int parte, const QPoint& dove) {
     menu.exec(dove);
 }
 
-void Finestra3D::Avvisa(const QString& testo) {
-    avviso_->setText(testo);
-    avviso_->setVisible(!testo.isEmpty());
+void Finestra3D::Aperto(bool letto) {
+    if (!letto) return;
+    const VistaNota v = VistaNumero(kViste, scena_);
+    vista_->Orienta(v.azimut, v.elevazione);
 }
 
-bool Finestra3D::Apri(const QString& file) {
-    const QString prima =
-        std::exchange(file_, QString::fromStdString(PercorsoAssoluto(file.toStdString())));
-    const bool letto = Ricarica();
-    if (!letto && mostrato_) {  // what is on show keeps its name
-        file_ = prima;
-        Sorveglia();
-        return false;
-    }
-    // The mark that the toolkit takes for "changed" stands for itself in a file's name.
-    setWindowTitle(QString(kTitoloOsserva) + " - " + QString(file_).replace("[*]", "[*][*]"));
-    if (letto) {
-        const VistaNota v = VistaNumero(kViste, scena_);
-        vista_->Orienta(v.azimut, v.elevazione);
-    }
-    return letto;
-}
-
-bool Finestra3D::Ricarica() {
-    if (file_.isEmpty()) return false;
-    const QFileInfo info(file_);
-    dataLetta_ = info.lastModified();
-    grandezzaLetta_ = info.size();
-    Sorveglia();
+bool Finestra3D::Leggi(const QString& file, QString& errore) {
     std::vector<Parte> parti;
-    std::string errore;
-    if (!LeggiSolidi(file_.toStdString(), scena_, parti, errore)) {
-        Avvisa("Scena non leggibile: " + QString::fromStdString(errore));
+    std::string detto;
+    if (!LeggiSolidi(file.toStdString(), scena_, parti, detto)) {
+        errore = "Scena non leggibile: " + QString::fromStdString(detto);
         return false;
     }
-    Avvisa({});
     // Parts that were hidden or chosen stay so, by their names.
     OpzioniPittura3D& opz = vista_->Aspetto().pittura;
     const std::vector<Parte>& vecchie = vista_->Parti();
@@ -450,49 +381,23 @@ bool Finestra3D::Ricarica() {
     opz.visibili = visibili;
     opz.scelta = -1;
     vista_->Mostra(std::move(parti),
-                   mostrato_ ? Superficie::Occhio::fermo : Superficie::Occhio::adatta);
-    mostrato_ = true;
+                   Mostrato() ? Superficie::Occhio::fermo : Superficie::Occhio::adatta);
     AggiornaPezzi();
     Scegli(scelta);
     CambiaSezione();
-    statusBar()->showMessage("Letto alle " + QTime::currentTime().toString("HH:mm:ss"), 4000);
     return true;
-}
-
-// The file is replaced by renaming another over it, which ends the watch on it; its directory tells
-// of the new one.
-void Finestra3D::Sorveglia() {
-    const QFileInfo info(file_);
-    QStringList vuole{info.absolutePath()};
-    if (info.exists()) vuole << file_;
-    const QStringList ha = guardia_.files() + guardia_.directories();
-    for (const QString& v : ha) {
-        if (!vuole.contains(v)) guardia_.removePath(v);
-    }
-    for (const QString& v : vuole) {
-        if (!ha.contains(v) && QFileInfo::exists(v)) guardia_.addPath(v);
-    }
-}
-
-void Finestra3D::ControllaFile() {
-    const QFileInfo info(file_);
-    if (!info.exists()) return;  // between two versions
-    const bool sostituito = !guardia_.files().contains(file_);
-    if (sostituito || info.lastModified() != dataLetta_ || info.size() != grandezzaLetta_) {
-        Ricarica();
-    }
 }
 
 void Finestra3D::ChiediFile() {
     const QString file =
-        QFileDialog::getOpenFileName(this, "Apri scena", QFileInfo(file_).absolutePath(),
+        QFileDialog::getOpenFileName(this, "Apri scena", QFileInfo(File()).absolutePath(),
                                      "File di scena (*.tmp *.TMP);;Tutti i file (*)");
     if (!file.isEmpty()) Apri(file);
 }
 
 void Finestra3D::ChiediEsporta() {
-    if (!mostrato_) return;
-    const QFileInfo info(file_);
+    if (!Mostrato()) return;
+    const QFileInfo info(File());
     QString filtro;
     QString file = QFileDialog::getSaveFileName(
         this, "Esporta", info.absolutePath() + "/" + info.completeBaseName() + ".step",
@@ -506,41 +411,23 @@ void Finestra3D::ChiediEsporta() {
 }
 
 bool Finestra3D::Esporta(const QString& file) {
-    std::string errore;
+    QString errore;
     if (QFileInfo(file).suffix().toLower() == "png") {
-        QByteArray bytes;
-        QBuffer uscita(&bytes);
-        uscita.open(QIODevice::WriteOnly);
-        const QImage im = vista_->Immagine();
-        if (im.isNull() || !im.save(&uscita, "PNG")) {
-            errore = "immagine non composta";
-        } else {
-            errore = ScriviFile(file.toStdString(),
-                                {bytes.constData(), static_cast<std::size_t>(bytes.size())},
-                                Codifica::utf8);
-        }
-        if (!errore.empty()) errore = PercorsoMostrato(file.toStdString()) + ": " + errore;
+        ScriviPng(vista_->Immagine(), file, errore);
     } else {
+        std::string detto;
         std::vector<Parte> viste;
         const OpzioniPittura3D& opz = vista_->Aspetto().pittura;
         for (std::size_t i = 0; i < vista_->Parti().size(); ++i) {
             if (opz.visibili.empty() || opz.visibili[i]) viste.push_back(vista_->Parti()[i]);
         }
-        EsportaSolidi(viste, QFileInfo(file_).completeBaseName().toStdString(), file.toStdString(),
-                      errore);
+        EsportaSolidi(viste, QFileInfo(File()).completeBaseName().toStdString(), file.toStdString(),
+                      detto);
+        errore = QString::fromStdString(detto);
     }
-    Avvisa(QString::fromStdString(errore));
-    if (errore.empty()) statusBar()->showMessage("Scritto " + file, 8000);
-    return errore.empty();
-}
-
-void Finestra3D::dragEnterEvent(QDragEnterEvent* e) {
-    if (e->mimeData()->hasUrls()) e->acceptProposedAction();
-}
-
-void Finestra3D::dropEvent(QDropEvent* e) {
-    const QList<QUrl> nomi = e->mimeData()->urls();
-    if (!nomi.isEmpty() && nomi[0].isLocalFile()) Apri(nomi[0].toLocalFile());
+    Avvisa(errore);
+    if (errore.isEmpty()) statusBar()->showMessage("Scritto " + file, 8000);
+    return errore.isEmpty();
 }
 
 }  // namespace tk07

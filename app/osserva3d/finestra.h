@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QDateTime>
-#include <QFileSystemWatcher>
-#include <QMainWindow>
 #include <QString>
-#include <QTimer>
 #include <vector>
 
+#include "finestre/finestra_file.h"
 #include "osserva3d/superficie.h"
 #include "scene3d/scena.h"
 
@@ -17,24 +14,19 @@ class QSlider;
 
 namespace tk07 {
 
-inline constexpr const char* kTitoloOsserva = "Osserva3D";
+inline constexpr const char* kTitoloOsserva = "Osserva3D - ";
 
 // Solids of a scene file; false with the file's name and the reason in `errore`.
 bool LeggiSolidi(const std::string& file, Scena& scena, std::vector<Parte>& parti,
                  std::string& errore);
 
-// The viewer's window: one scene, its parts, how they are shown, measuring, export. The file is
-// watched and read again when it changes; the camera stays.
-class Finestra3D : public QMainWindow {
+// The viewer's window: one scene, its parts, how they are shown, measuring, export. When the file
+// is read again the camera stays.
+class Finestra3D : public FinestraFile {
   public:
     // `fai` makes the surface that draws.
     explicit Finestra3D(Superficie* (*fai)(QWidget*) = FaiSuperficie);
 
-    // Shows a scene file. When it cannot be read a bar above the picture says why, and what is on
-    // show stays.
-    bool Apri(const QString& file);
-    bool Ricarica();
-    void Avvisa(const QString& testo);  // empty: hides the bar
     bool Esporta(const QString& file);  // step, glb, stl: the parts in view; png: the picture
     void Scegli(int parte);             // -1: none
     void Nascondi(int parte);
@@ -43,8 +35,8 @@ class Finestra3D : public QMainWindow {
     Superficie* Vista() { return vista_; }
 
   protected:
-    void dragEnterEvent(QDragEnterEvent* e) override;
-    void dropEvent(QDropEvent* e) override;
+    bool Leggi(const QString& file, QString& errore) override;
+    void Aperto(bool letto) override;
 
   private:
     void FaiMenu();
@@ -54,23 +46,15 @@ class Finestra3D : public QMainWindow {
     void CambiaVisibili(const std::vector<bool>& v);
     void CambiaSezione();
     void MenuPezzo(int parte, const QPoint& dove);
-    void Sorveglia();
-    void ControllaFile();
     void ChiediFile();
     void ChiediEsporta();
 
     Superficie* vista_;
-    QLabel *avviso_, *dettagli_, *misura_;
+    QLabel *dettagli_, *misura_;
     QListWidget* pezzi_;
     QComboBox *asse_, *modo_;
     QSlider *quota_, *esploso_, *trasparenza_;
     Scena scena_;
-    QFileSystemWatcher guardia_;
-    QTimer attesa_;  // several signals of one change are one
-    QString file_;   // absolute
-    QDateTime dataLetta_;
-    qint64 grandezzaLetta_ = -1;
-    bool mostrato_ = false;
 };
 
 // Standard views by number, as keys 1 to 7: angles of the camera, and what they are called. The

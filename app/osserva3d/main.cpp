@@ -2,11 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
-#include <QBuffer>
 #include <QPainter>
 #include <algorithm>
 #include <clocale>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -71,15 +69,11 @@ int ScriviImmagine(const std::string& file, const OpzioniImmagine& opz) {
     immagine.fill(Qt::white);
     QPainter p(&immagine);
     DipingiSolidi(p, parti, maglie, q, pittura);
-    QByteArray bytes;
-    QBuffer uscita(&bytes);
-    uscita.open(QIODevice::WriteOnly);
-    if (!p.end() || !immagine.save(&uscita, "PNG")) {
-        return Guasto(opz.file + ": immagine non composta");
-    }
-    errore = ScriviFile(opz.file, {bytes.constData(), static_cast<std::size_t>(bytes.size())},
-                        Codifica::utf8);
-    return errore.empty() ? 0 : Guasto(PercorsoMostrato(opz.file) + ": " + errore);
+    p.end();
+    QString detto;
+    return ScriviPng(immagine, QString::fromStdString(opz.file), detto)
+               ? 0
+               : Guasto(detto.toStdString());
 }
 
 }  // namespace
@@ -132,11 +126,7 @@ int main(int argc, char** argv) {
             if (!LeggiScena(file, scena, errore)) {
                 return Guasto(PercorsoMostrato(file) + ": " + errore);
             }
-            const std::string testo = ElencaScena(scena, file);
-            if (std::fwrite(testo.data(), 1, testo.size(), stdout) != testo.size() ||
-                std::fflush(stdout) != 0) {
-                return Guasto("uscita non scritta");
-            }
+            if (!ScriviUscita(ElencaScena(scena, file))) return Guasto("uscita non scritta");
         }
         return opz.file.empty() ? 0 : ScriviImmagine(file, opz);
     }

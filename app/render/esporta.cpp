@@ -113,6 +113,20 @@ bool Scrivi(const QByteArray& bytes, const QString& file, QString& errore) {
 
 }  // namespace
 
+bool ScriviPng(const QImage& immagine, const QString& file, QString& errore) {
+    if (QFileInfo(file).suffix().toLower() != "png") {
+        return Guasto(errore, file, QStringLiteral("l'immagine deve essere un file .png"));
+    }
+    if (immagine.isNull()) return Guasto(errore, file, QStringLiteral("immagine troppo grande"));
+    QByteArray bytes;
+    QBuffer uscita(&bytes);
+    uscita.open(QIODevice::WriteOnly);
+    if (!immagine.save(&uscita, "PNG")) {
+        return Guasto(errore, file, QStringLiteral("immagine non composta"));
+    }
+    return Scrivi(bytes, file, errore);
+}
+
 bool SalvaImmagine(const Disegno& d, const OpzioniPittura& opz, const QSize& pixel,
                    const QString& file, QString& errore) {
     if (QFileInfo(file).suffix().toLower() != "png") {
@@ -137,13 +151,8 @@ bool SalvaImmagine(const Disegno& d, const OpzioniPittura& opz, const QSize& pix
     p.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     p.scale(perMm, perMm);
     DipingiDisegno(p, d, t, qui);
-    QByteArray bytes;
-    QBuffer uscita(&bytes);
-    uscita.open(QIODevice::WriteOnly);
-    if (!p.end() || !immagine.save(&uscita, "PNG")) {
-        return Guasto(errore, file, QStringLiteral("immagine non composta"));
-    }
-    return Scrivi(bytes, file, errore);
+    if (!p.end()) return Guasto(errore, file, QStringLiteral("immagine non composta"));
+    return ScriviPng(immagine, file, errore);
 }
 
 bool EsportaTavola(const Disegno& d, const Cartiglio& cartiglio, const OpzioniPittura& opz,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QSize>
 #include <QString>
 #include <memory>
@@ -22,6 +23,9 @@ bool EsportaTavola(const Disegno& d, const Cartiglio& cartiglio, const OpzioniPi
 // 420 mm long. Faults as above.
 bool SalvaImmagine(const Disegno& d, const OpzioniPittura& opz, const QSize& pixel,
                    const QString& file, QString& errore);
+
+// Writes the picture as PNG. Faults as above; a null one is told as too large.
+bool ScriviPng(const QImage& immagine, const QString& file, QString& errore);
 
 // An application without any display, for command lines; null when one runs already. The
 // environment and what it says of displays are left alone. It must outlive what is drawn.

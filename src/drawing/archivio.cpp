@@ -111,7 +111,7 @@ void TogliInutilizzate(Disegno& d) {
 }  // namespace
 
 int AggiungiCoord(Disegno& d, double x, double y, const Piattaforma& p) {
-    constexpr std::size_t kIndietro = 30;  // neighbours of a composition come in runs
+    constexpr std::size_t kIndietro = 31;  // neighbours of a composition come in runs
     const std::size_t n = d.coordX.size();
     for (std::size_t k = 1; k <= n && k <= kIndietro; ++k) {
         const std::size_t i = n - k;

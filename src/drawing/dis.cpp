@@ -17,18 +17,11 @@ Disegno Leggi(const std::vector<std::string>& righe) {
     Disegno d;
     LettoreDisegno l(righe);
     l.Riga();  // version
-    auto v = l.Numeri(2);
-    d.minX = v[0], d.maxX = v[1];
-    v = l.Numeri(2);
-    d.minY = v[0], d.maxY = v[1];
+    l.Estensione(d);
     l.Riga();  // extent along z
-    const int coordinate = l.Conteggio(kMaxCoordinate);
-    for (int k = 0; k < coordinate; ++k) {
-        v = l.Numeri(2);
-        d.coordX.push_back(v[0]);
-        d.coordY.push_back(v[1]);
-    }
-    const auto indice = [&](double x) { return l.Intero(x, 0.0, coordinate - 1); };
+    l.Coordinate(d);
+    const auto indice = [&](double x) { return l.Indice(x); };
+    std::vector<double> v;
     for (int k = l.Conteggio(kMaxPunti); k > 0; --k) {
         v = l.Numeri(3);
         d.punti.push_back({indice(v[0]), l.Corto(v[1]), l.Corto(v[2])});
@@ -113,16 +106,7 @@ bool SalvaDis(Disegno& d, std::string_view nomeFile, bool silenzioso, const Piat
 }
 
 bool LeggiDis(std::string_view nomeFile, Disegno& d, std::string& errore) {
-    const FileLetto f = LeggiRighe(nomeFile);
-    errore = f.errore;
-    if (!f.riuscito) return false;
-    try {
-        d = Leggi(f.righe);
-        return true;
-    } catch (const GuastoDisegno& g) {
-        errore = g.testo;
-        return false;
-    }
+    return LeggiFileDisegno(nomeFile, d, errore, Leggi);
 }
 
 }  // namespace tk07

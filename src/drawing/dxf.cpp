@@ -241,6 +241,7 @@ class Dxf {
             Gruppo(" 51", AngoloDxf(ex, ey));
         }
         Colore(a.arcoColore);
+        if (a.arcoFlag != 0) Gruppo(" 6", NomeTipoLinea(a.arcoFlag));
     }
 
     Disegno& d_;

@@ -111,7 +111,8 @@ Ingombro IngombroFigura(const Figura& f) {
 
 std::string TestoQuota(const QuotaFig& q) {
     if (!q.testo.empty()) return q.testo;
-    return TestoNumero(Arrotonda(std::hypot(q.x2 - q.x1, q.y2 - q.y1), 1));
+    const std::string t = TestoNumero(Arrotonda(std::hypot(q.x2 - q.x1, q.y2 - q.y1), 1));
+    return t.front() == '.' ? "0" + t : t;  // a lone point is lost on a workshop's print
 }
 
 QuotaEsplosa EsplodiQuota(const QuotaFig& q0) {
@@ -194,13 +195,13 @@ void EmettiFigura(const Figura& f, double dx, double dy, Disegno& d, const Piatt
     };
     for (const SegmentoFig& s : f.segmenti) segmento(s);
     for (const CerchioFig& c : f.cerchi) cerchio(c);
-    for (const TestoFig& t : f.testi) testo(t);
     for (const QuotaFig& q : f.quote) {
         const QuotaEsplosa e = EsplodiQuota(q);
         for (const SegmentoFig& s : e.segmenti) segmento(s);
         for (const CerchioFig& c : e.cerchi) cerchio(c);
         testo(e.testo);
     }
+    for (const TestoFig& t : f.testi) testo(t);
     d.tipoLineaCorrente = kContinua;
 }
 

@@ -173,17 +173,10 @@ DisegnoGrb Leggi(const std::vector<std::string>& righe) {
     Disegno& d = g.base;
     LettoreDisegno l(righe);
     for (int k = 0; k < 8; ++k) l.Riga();
-    auto v = l.Numeri(2);
-    d.minX = v[0], d.maxX = v[1];
-    v = l.Numeri(2);
-    d.minY = v[0], d.maxY = v[1];
-    const int coordinate = l.Conteggio(kMaxCoordinate);
-    for (int k = 0; k < coordinate; ++k) {
-        v = l.Numeri(2);
-        d.coordX.push_back(v[0]);
-        d.coordY.push_back(v[1]);
-    }
-    const auto indice = [&](double x) { return l.Intero(x, 0.0, coordinate - 1); };
+    l.Estensione(d);
+    l.Coordinate(d);
+    const auto indice = [&](double x) { return l.Indice(x); };
+    std::vector<double> v;
     l.Conteggio(0);
     for (int k = l.Conteggio(kMaxLinee); k > 0; --k) {
         v = l.Numeri(2);
@@ -230,16 +223,7 @@ DisegnoGrb Leggi(const std::vector<std::string>& righe) {
 }  // namespace
 
 bool LeggiGrb(std::string_view nomeFile, DisegnoGrb& g, std::string& errore) {
-    const FileLetto f = LeggiRighe(nomeFile);
-    errore = f.errore;
-    if (!f.riuscito) return false;
-    try {
-        g = Leggi(f.righe);
-        return true;
-    } catch (const GuastoDisegno& guasto) {
-        errore = guasto.testo;
-        return false;
-    }
+    return LeggiFileDisegno(nomeFile, g, errore, Leggi);
 }
 
 }  // namespace tk07

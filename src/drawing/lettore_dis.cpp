@@ -16,6 +16,21 @@ const std::string& LettoreDisegno::Riga() {
     return righe_[i_++];
 }
 
+void LettoreDisegno::Estensione(Disegno& d) {
+    const auto x = Numeri(2), y = Numeri(2);
+    d.minX = x[0], d.maxX = x[1];
+    d.minY = y[0], d.maxY = y[1];
+}
+
+void LettoreDisegno::Coordinate(Disegno& d) {
+    coordinate_ = Conteggio(kMaxCoordinate);
+    for (int k = 0; k < coordinate_; ++k) {
+        const auto v = Numeri(2);
+        d.coordX.push_back(v[0]);
+        d.coordY.push_back(v[1]);
+    }
+}
+
 std::vector<double> LettoreDisegno::Numeri(std::size_t quanti) {
     std::string r = Riga();
     std::vector<double> v;

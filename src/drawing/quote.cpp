@@ -41,6 +41,33 @@ std::vector<double> CentriSeparati(const std::vector<double>& voluti,
     return centri;
 }
 
+void DistendiTesti(std::vector<QuotaFig>& quote) {
+    if (quote.empty()) return;
+    const StileQuota stile = quote.front().stile;
+    std::vector<double> voluti, larghezze, lunghezze;
+    for (const QuotaFig& q : quote) {
+        const bool verticale = std::fabs(q.x2 - q.x1) <= kCoincidenza;
+        voluti.push_back(verticale ? (q.y1 + q.y2) / 2.0 : (q.x1 + q.x2) / 2.0);
+        larghezze.push_back(LarghezzaTesto(TestoQuota(q), stile.largh));
+        lunghezze.push_back(verticale ? q.y2 - q.y1 : q.x2 - q.x1);
+    }
+    const std::vector<double> centri = CentriSeparati(voluti, larghezze, 0.6 * stile.largh);
+    double massimo = 0.0;
+    bool ventaglio = false;
+    for (std::size_t i = 0; i < quote.size(); ++i) {
+        const double s = std::fabs(centri[i] - voluti[i]);
+        massimo = Max(massimo, s);
+        // A text that still stands over its own segment needs no leader.
+        if (s > lunghezze[i] / 2.0) ventaglio = true;
+    }
+    const double guida =
+        ventaglio ? Min(Max(0.4 * massimo, 1.2 * stile.alt), 6.0 * stile.alt) : 0.0;
+    for (std::size_t i = 0; i < quote.size(); ++i) {
+        quote[i].spostamento = centri[i] - voluti[i];
+        quote[i].guida = guida;
+    }
+}
+
 namespace {
 
 // Does the chain keep clear of the figure's texts, and its own texts of the figure's strokes?
@@ -77,7 +104,6 @@ void CatenaQuote(Figura& f, Lato lato, std::vector<double> punti, double bordo, 
 
     const bool orizzontale = lato == Lato::sopra || lato == Lato::sotto;
     std::vector<QuotaFig> quote;
-    std::vector<double> voluti, larghezze;
     for (std::size_t i = 1; i < p.size(); ++i) {
         QuotaFig q;
         q.stile = stile;
@@ -88,25 +114,9 @@ void CatenaQuote(Figura& f, Lato lato, std::vector<double> punti, double bordo, 
         } else {
             q.y1 = p[i - 1], q.y2 = p[i], q.x1 = q.x2 = bordo;
         }
-        voluti.push_back((p[i - 1] + p[i]) / 2.0);
-        larghezze.push_back(LarghezzaTesto(TestoQuota(q), stile.largh));
         quote.push_back(q);
     }
-    const std::vector<double> centri = CentriSeparati(voluti, larghezze, 0.6 * stile.largh);
-    double massimo = 0.0;
-    bool ventaglio = false;
-    for (std::size_t i = 0; i < quote.size(); ++i) {
-        const double s = std::fabs(centri[i] - voluti[i]);
-        massimo = Max(massimo, s);
-        // A text that still stands over its own segment needs no leader.
-        if (s > (p[i + 1] - p[i]) / 2.0) ventaglio = true;
-    }
-    const double guida =
-        ventaglio ? Min(Max(0.4 * massimo, 1.2 * stile.alt), 6.0 * stile.alt) : 0.0;
-    for (std::size_t i = 0; i < quote.size(); ++i) {
-        quote[i].spostamento = centri[i] - voluti[i];
-        quote[i].guida = guida;
-    }
+    DistendiTesti(quote);
     // Farther out until the chain is clear of what the figure holds already.
     constexpr int kPassi = 400;
     const double passo = Max(stile.alt, 1.0);

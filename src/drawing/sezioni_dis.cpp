@@ -167,40 +167,6 @@ void BulloniDiFianco(Figura& f, const ContestoDis& c, Livello livello) {
 
 using Segni = std::vector<std::pair<std::string, std::pair<double, double>>>;
 
-struct Etichetta {
-    std::string testo;
-    double x = 0.0, y = 0.0, versoX = 0.0, versoY = 0.0;
-    bool cerchiata = false;
-};
-
-// Places all labels; one that finds its point shut in by others goes first in a new try, and the
-// labels stand farther apart after a few.
-void PosaTutte(Figura& f, const ContestoDis& c, std::vector<Etichetta> etichette) {
-    constexpr int kInteri = 24, kTentativi = 5 * kInteri;
-    const Figura senza = f;
-    for (int k = 0; k < kTentativi; ++k) {
-        f = senza;
-        std::size_t chiusa = etichette.size();
-        for (std::size_t i = 0; i < etichette.size(); ++i) {
-            const Etichetta& e = etichette[i];
-            StileEtichetta st = c.par.etichette;
-            st.cerchiata = e.cerchiata;
-            st.aria += 0.06 * (k % kInteri / 4);
-            // On the smallest joints the height of the options leaves no way through.
-            const double scala = std::pow(0.8, k / kInteri);
-            st.alt *= scala;
-            st.largh *= scala;
-            if (!PosaEtichetta(f, e.testo, e.x, e.y, e.versoX, e.versoY, st) &&
-                chiusa == etichette.size()) {
-                chiusa = i;
-            }
-        }
-        if (chiusa == etichette.size()) return;
-        std::rotate(etichette.begin(), etichette.begin() + static_cast<long>(chiusa),
-                    etichette.begin() + static_cast<long>(chiusa) + 1);
-    }
-}
-
 // Weld marks, then position numbers in circles, each where there is room. `lato` gives the side
 // of the view (-1, 0, 1 along the sheet's horizontal and vertical) where the marks of a line go.
 template <class LatoSegno>
@@ -215,23 +181,17 @@ void Etichette(Figura& f, const ContestoDis& c, const Segni& saldature,
         const auto [lx, ly] = lato(nome);
         v.push_back({nome, dove.first, dove.second,
                      lx != 0.0 ? lx : 1.5 * (dove.first - mx) / mezzo,
-                     ly != 0.0 ? ly : 1.5 * (dove.second - my) / mezzo, false});
+                     ly != 0.0 ? ly : 1.5 * (dove.second - my) / mezzo, false, true});
     }
-    // The outer targets first: their labels leave the way free for the inner ones.
-    std::stable_sort(v.begin(), v.end(), [&](const Etichetta& a, const Etichetta& b) {
-        const auto lontano = [&](const Etichetta& e) {
-            return std::fabs(e.x - mx) + std::fabs(e.y - my);
-        };
-        return lontano(a) > lontano(b) + kCoincidenza;
-    });
     for (const auto& [p, dove] : pezzi) {
         v.push_back({std::to_string(static_cast<int>(p)), dove.first, dove.second, dove.first - mx,
-                     dove.second - my, true});
+                     dove.second - my, true, false});
     }
     for (const auto& [nome, dove] : nomi) {
-        v.push_back({nome, dove.first, dove.second, dove.first - mx, dove.second - my, false});
+        v.push_back(
+            {nome, dove.first, dove.second, dove.first - mx, dove.second - my, false, false});
     }
-    PosaTutte(f, c, std::move(v));
+    PosaTutte(f, v, c.par.etichette);
 }
 
 bool Specchiata(const std::string& nome) { return nome.back() == '\''; }
@@ -284,7 +244,9 @@ void SegnoTaglio(Figura& f, const ContestoDis& c, const char* lettera, bool oriz
     }
 }
 
-void Titolo(Figura& f, const ContestoDis& c, const char* testo) {
+// The title under everything. In the list of texts it and the cut marks come before the labels,
+// which are the first `etichette` of the texts.
+void Titolo(Figura& f, const ContestoDis& c, const char* testo, std::size_t etichette) {
     const Ingombro tutto = IngombroFigura(f);
     TestoFig t;
     t.testo = testo;
@@ -295,6 +257,7 @@ void Titolo(Figura& f, const ContestoDis& c, const char* testo) {
     t.x = (f.contorno.xMin + f.contorno.xMax) / 2.0 - LarghezzaTesto(t.testo, t.largh) / 2.0;
     t.y = tutto.yMin - c.par.distanzaTitolo - t.alt;
     Testo(f, std::move(t));
+    std::rotate(f.testi.begin(), f.testi.begin() + static_cast<long>(etichette), f.testi.end());
 }
 
 std::vector<double> Livelli(std::initializer_list<double> l) { return {l}; }
@@ -387,10 +350,11 @@ Figura SezioneCC(const ContestoDis& c) {
                   // Lines of the main beam to the left, those of the secondary one to the right.
                   return std::pair{SullaPrincipale(nome) ? -1.0 : 1.0, 0.0};
               });
+    const std::size_t etichette = f.testi.size();
     // From above, and towards the main beam between the ribs and the end of the stub.
     SegnoTaglio(f, c, "A", true, alto + 0.5 * c.par.primaQuota, -1.0);
     SegnoTaglio(f, c, "B", false, q.xS + 0.9 * q.moncone, -1.0);
-    Titolo(f, c, "SEZIONE CC");
+    Titolo(f, c, "SEZIONE CC", etichette);
     return f;
 }
 
@@ -450,10 +414,11 @@ Figura SezioneBB(const ContestoDis& c) {
     Etichette(f, c, segni, pezzi, {}, [](const std::string& nome) {
         return std::pair{Specchiata(nome) ? -1.0 : 1.0, 0.0};
     });
+    const std::size_t etichette = f.testi.size();
     SegnoTaglio(f, c, "A", true, Max(q.HP / 2.0, q.zP22) + 0.5 * c.par.primaQuota, -1.0);
     // The plane of the webs, seen so that the secondary beam stands to the right of the main one.
     SegnoTaglio(f, c, "C", false, 0.0, 1.0);
-    Titolo(f, c, "SEZIONE BB");
+    Titolo(f, c, "SEZIONE BB", etichette);
     return f;
 }
 
@@ -517,9 +482,10 @@ Figura SezioneAA(const ContestoDis& c) {
     Etichette(f, c, segni, pezzi, {}, [](const std::string& nome) {
         return std::pair{SullaPrincipale(nome) ? -1.0 : 1.0, Specchiata(nome) ? -1.0 : 1.0};
     });
+    const std::size_t etichette = f.testi.size();
     SegnoTaglio(f, c, "B", false, q.xS + 0.9 * q.moncone, -1.0);
     SegnoTaglio(f, c, "C", true, 0.0, 1.0);
-    Titolo(f, c, "SEZIONE AA");
+    Titolo(f, c, "SEZIONE AA", etichette);
     return f;
 }
 

@@ -28,7 +28,11 @@ TEST(Archivio, CoincidentPointsShareOneCoordinateWithinTheLookBack) {
     EXPECT_EQ(d.archi[0].arcoIni, d.archi[0].arcoFin);
     EXPECT_EQ(d.archi[0].arcoCentro, d.archi[0].arcoCentro2);
     EXPECT_EQ(d.coordX[static_cast<std::size_t>(d.archi[0].arcoIni)], 110.0);
-    // More than 30 points back a coincident one is no longer found; the cleaning merges them.
+    // Of the last 31 points a coincident one is found, farther back no longer: the cleaning merges.
+    const auto n = static_cast<int>(d.coordX.size());
+    for (int k = 0; k < 32; ++k) AggiungiCoord(d, 500.0 + k, 0.0, kMuta);
+    EXPECT_EQ(AggiungiCoord(d, 501.0, 0.0, kMuta), n + 1);
+    EXPECT_EQ(AggiungiCoord(d, 500.0, 0.0, kMuta), n + 32);
     for (int k = 0; k < 40; ++k) AggiungiCoord(d, 1000.0 + k, 0.0, kMuta);
     const int lontana = AggiungiCoord(d, 100.0, 0.0, kMuta);
     EXPECT_EQ(lontana, static_cast<int>(d.coordX.size()) - 1);

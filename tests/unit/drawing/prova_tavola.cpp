@@ -334,6 +334,44 @@ TEST_F(Tavola, TextsOfTheSheet) {
     EXPECT_EQ(Conta(d, "s1"), 3);
 }
 
+// Letters several times as high as the joint: leaders have no way out past the other labels. Every
+// mark stands all the same, on no stroke and on no text, and in the order of the welds.
+TEST_F(Tavola, NoMarkIsLostHoweverLargeTheLetters) {
+    std::mt19937 g(5);
+    for (const double alt : {25.0, 120.0, 400.0}) {
+        Nodo n = prova::NodoCasuale(s(), g);
+        while (!n.AttNerv(1) || !n.AttNerv(2) || n.TraPri.H > 200.0) n = prova::NodoCasuale(s(), g);
+        Opzioni opz = s().opz;
+        opz.Righe[10].Valore = alt;
+        Risultati ris;
+        LunghezzeSaldature(n, ris);
+        const ContestoDis c{n, ris.LungSald, LeggiParametriDisegno(opz), CalcolaQuote(n),
+                            LineeSaldatura(n, ris.LungSald)};
+        const Figura f = SezioneBB(c);
+        std::vector<std::string> voluti{"C", "C"}, testi;
+        for (const char* nome :
+             {"s1", "s2", "s3", "s1'", "s2'", "s3'", "s10'", "s10", "s11'", "s11", "s13'", "s13",
+              "s12'", "s12", "s15'", "s15", "s14'", "s14"}) {
+            if (ris.LungSald(std::atoi(nome + 1) - 1) > 0.0) voluti.push_back(nome);
+        }
+        for (const char* numero : {"1", "2", "4", "5"}) voluti.push_back(numero);
+        for (const TestoFig& t : f.testi) testi.push_back(t.testo);
+        testi.erase(std::remove(testi.begin(), testi.end(), "A"), testi.end());
+        testi.erase(std::remove(testi.begin(), testi.end(), "SEZIONE BB"), testi.end());
+        EXPECT_EQ(testi, voluti) << alt;
+        for (std::size_t i = 0; i < f.testi.size(); ++i) {
+            const Ingombro r = IngombroTesto(f.testi[i]);
+            for (std::size_t j = 0; j < i; ++j) {
+                EXPECT_FALSE(SiToccano(r, IngombroTesto(f.testi[j]))) << f.testi[i].testo;
+            }
+            for (const SegmentoFig& t : f.segmenti) {
+                if (t.colore == c.par.etichette.colore) continue;  // a leader may have to
+                EXPECT_FALSE(Attraversa({t.x1, t.y1, t.x2, t.y2}, r)) << f.testi[i].testo;
+            }
+        }
+    }
+}
+
 TEST(Quota, GeometryByHand) {
     // 30 mm long, arrows of 20: from outside. Line 50 above, read from the left.
     QuotaFig q;
@@ -357,6 +395,8 @@ TEST(Quota, GeometryByHand) {
     q.stile.terminale = Terminale::cerchio;
     e = EsplodiQuota(q);
     EXPECT_EQ(e.testo.testo, "80.2") << "half to even on the binary value";
+    q.y1 = 0.5;
+    EXPECT_EQ(TestoQuota(q), "0.5") << "no lone point";
     EXPECT_EQ(e.testo.angolo, 90);
     ASSERT_EQ(e.cerchi.size(), 2u);
     EXPECT_LT(e.cerchi[0].y, e.cerchi[1].y);

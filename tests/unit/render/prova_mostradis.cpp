@@ -2,15 +2,15 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPrinter>
 #include <QWheelEvent>
 
+#include "aiuti/finestra.h"
 #include "aiuti/prova.h"
 #include "drawing/dis.h"
+#include "drawing/grb.h"
 #include "mostradis/finestra.h"
 #include "mostradis/lettura.h"
 #include "render/esporta.h"
@@ -20,23 +20,8 @@ namespace {
 
 const Piattaforma kMuta = PiattaformaMuta();
 
-// The tests of this program run in one application without a screen.
-class Applicazione : public ::testing::Environment {
-  public:
-    void SetUp() override {
-        qt_ = InSilenzio([this] { return std::make_unique<QApplication>(quanti_, argomenti_); });
-        CaricaItaliano(*qt_);
-    }
-    void TearDown() override { qt_.reset(); }
-
-  private:
-    char nome_[6] = "prova", opzione_[10] = "-platform", valore_[10] = "offscreen";
-    char* argomenti_[4] = {nome_, opzione_, valore_, nullptr};
-    int quanti_ = 3;
-    std::unique_ptr<QApplication> qt_;
-};
 [[maybe_unused]] const auto* const kApplicazione =
-    ::testing::AddGlobalTestEnvironment(new Applicazione);
+    ::testing::AddGlobalTestEnvironment(new prova::Applicazione);
 
 Disegno Quadro(double lato) {
     Disegno d;
@@ -44,20 +29,6 @@ Disegno Quadro(double lato) {
     DisegnaSegmento(d, lato, 0, lato, lato, 2, kMuta);
     return d;
 }
-template <class F>
-bool Aspetta(F fatto) {
-    QElapsedTimer t;
-    t.start();
-    while (!fatto() && t.elapsed() < 5000) QApplication::processEvents(QEventLoop::AllEvents, 20);
-    return fatto();
-}
-void Topo(QWidget* w, QEvent::Type tipo, const QPointF& dove) {
-    QMouseEvent e(tipo, dove, w->mapToGlobal(dove),
-                  tipo == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, Qt::NoButton,
-                  Qt::NoModifier);
-    QApplication::sendEvent(w, &e);
-}
-
 struct Visore {
     prova::Cartella cartella;
     std::string file = (cartella / "nodo.dis").string();
@@ -80,17 +51,25 @@ TEST(Mostradis, ReloadsWhenTheFileIsReplacedAndKeepsWhatIsShown) {
     // Replaced by rename, twice: the watch follows.
     for (const double lato : {500.0, 700.0}) {
         ASSERT_TRUE(ScriviDis(Quadro(lato), v.file, 4, kMuta));
-        EXPECT_TRUE(Aspetta([&] { return v.Largo() == lato; })) << lato;
+        EXPECT_TRUE(prova::Aspetta([&] { return v.Largo() == lato; })) << lato;
     }
     EXPECT_EQ(v.f.Superficie()->MondoSuVista(), prima);
     // A broken file: told with its line, the drawing stays; a good one clears the bar.
     prova::ScriviTesto(v.file, "                   4\n 0  1\n");
-    EXPECT_TRUE(Aspetta([&] { return v.avviso->isVisible(); }));
+    EXPECT_TRUE(prova::Aspetta([&] { return v.avviso->isVisible(); }));
     EXPECT_EQ(v.avviso->text().toStdString(),
               "Il file " + v.file + " non è leggibile: file troncato dopo la riga 2");
     EXPECT_EQ(v.Largo(), 700.0);
     ScriviDis(Quadro(900), v.file, 4, kMuta);
-    EXPECT_TRUE(Aspetta([&] { return v.Largo() == 900.0 && !v.avviso->isVisible(); }));
+    EXPECT_TRUE(prova::Aspetta([&] { return v.Largo() == 900.0 && !v.avviso->isVisible(); }));
+    DisegnoGrb g;
+    DisegnaSegmento(g.base, 0, 0, 300, 0, 1, kMuta);
+    GrbQuota(g, "", 0, 0, 300, 0, 50, 1, kMuta);
+    const std::string grb = (v.cartella / "tk7tmp.grb").string();
+    ASSERT_TRUE(ScriviGrb(g, grb, kMuta));
+    EXPECT_TRUE(v.f.Apri(QString::fromStdString(grb)));
+    EXPECT_EQ(v.f.Superficie()->Corrente().linee.size(), 8U) << "the part and its dimension";
+    EXPECT_TRUE(v.f.Apri(QString::fromStdString(v.file)));
     EXPECT_FALSE(v.f.Apri("/manca/altro.dis"));
     EXPECT_TRUE(v.avviso->text().contains("/manca/altro.dis"));
     EXPECT_EQ(v.f.windowTitle().toStdString(), "VISUALIZZAZIONE FILE DISEGNO - " + v.file);
@@ -114,9 +93,9 @@ TEST(Mostradis, MeasureSnapsToEndsAndZoomKeepsThePoint) {
         return s->MondoSuVista().map(QPointF(x, y)) + QPointF(6, -5);
     };
     const auto clic = [&](double x, double y) {
-        Topo(s, QEvent::MouseMove, vicino(x, y));
-        Topo(s, QEvent::MouseButtonPress, vicino(x, y));
-        Topo(s, QEvent::MouseButtonRelease, vicino(x, y));
+        prova::Topo(s, QEvent::MouseMove, vicino(x, y));
+        prova::Topo(s, QEvent::MouseButtonPress, vicino(x, y));
+        prova::Topo(s, QEvent::MouseButtonRelease, vicino(x, y));
     };
     clic(0, 0);
     clic(1000, 1000);
@@ -199,7 +178,29 @@ TEST(Mostradis, CommandLine) {
                   "CERCHIO 1  centro 5 6  raggio 4  colore 3\n"
                   "ARCO 2  centro 0 0  raggio 1  da 0  a 90  gradi  colore 3\n"
                   "TESTO 1  in 1 2  angolo 90  carattere 2.5 4  colore 2  \"quota è 30\"\n");
+    // A GRB shows its dimensions in strokes, the number from the points, sizes by the model: style
+    // 2 of the shipped tree has letters 25 high and 17.5 wide. 100 long, 50 above: seven strokes,
+    // and the number "100" over the middle. A text with its middle at 50 begins 1.5 letters before
+    // it.
+    DisegnoGrb g;
+    DisegnaSegmento(g.base, 0, 0, 100, 0, 1, kMuta);
+    GrbQuota(g, "", 0, 0, 100, 0, 50, 2, kMuta);
+    GrbTesto(g, "abc", 0, 300, 100, 300, 0, 1, 2, kMuta);
+    const std::string grb = (c / "nodo.GRB").string();
+    ASSERT_TRUE(ScriviGrb(g, grb, kMuta));
+    ASSERT_EQ(prova::Esegui(prog + " --elenca '" + grb + "'", &uscita, &errori), 0) << errori;
+    for (const char* riga :
+         {"\nLINEE  8\nARCHI  0\nTESTI  2\nQUOTE  1\n",
+          "\nLINEA 1  da 0 0  a 100 0  lunghezza 100  colore 1  continua\n",
+          "  da 0 50  a 100 50  lunghezza 100  colore 2  continua\n",
+          "  in 23.75 300  angolo 0  carattere 17.5 25  colore 2  \"abc\"\n", "  in 23.75 ",
+          "\"100\"\n",
+          "\nQUOTA 1  da 0 0  a 100 0  distanza 50  stile 2  \"Stringa_di_default\"\n"}) {
+        EXPECT_NE(uscita.find(riga), std::string::npos) << riga << uscita;
+    }
     const std::string png = (c / "i.png").string();
+    EXPECT_EQ(prova::Esegui(prog + " --immagine '" + png + "' '" + grb + "'", &uscita, &errori), 0);
+    EXPECT_EQ(QImage(png.c_str()).size(), QSize(1600, 1000));
     EXPECT_EQ(prova::Esegui("env -u DISPLAY " + prog + " --immagine '" + png +
                                 "' --dimensioni 400x300 '" + file + "'",
                             &uscita, &errori),
@@ -211,6 +212,10 @@ TEST(Mostradis, CommandLine) {
     prova::ScriviTesto(file, "                   4\n 0  pera\n");
     EXPECT_EQ(prova::Esegui(prog + " --elenca '" + file + "'", &uscita, &errori), 2);
     EXPECT_EQ(errori, "mostradis: " + file + ": riga 2: numero errato o mancante\n");
+    prova::ScriviTesto(file, " 0\nSECTION\n 2\nHEADER\n");
+    EXPECT_EQ(prova::Esegui(prog + " --elenca '" + file + "'", &uscita, &errori), 2);
+    EXPECT_EQ(errori,
+              "mostradis: " + file + ": contiene un testo DXF, da aprire con un programma CAD\n");
     std::string errore;
     prova::ScriviTesto(c / "m.inp", "3\nnodo.dis\n");
     EXPECT_FALSE(LeggiInp((c / "m.inp").string(), errore));

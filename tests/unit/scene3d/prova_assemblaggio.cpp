@@ -10,6 +10,7 @@
 #include "scene3d/assemblaggio.h"
 #include "scene3d/file_scena.h"
 #include "scene3d/terna.h"
+#include "scene3d/urti.h"
 #include "session/vista3d.h"
 #include "unit/verification/nodo_di_prova.h"
 #include "verification/saldature.h"
@@ -383,6 +384,36 @@ TEST(Vista, TheFileFollowsTheJointOnceTheViewerWasOpened) {
     EXPECT_TRUE(ApriNodo(s, prova.Lavoro() + "/02_ipe200_su_ipe300.tk7"));
     EXPECT_TRUE(cambiata());
     EXPECT_NE(visto.find("BulPia1|"), std::string::npos);
+}
+
+// Webs and flanges of 6 and 10 mm (z 90 to 100), ribs of 8, 10 and 12 mm, main flanges from z 185;
+// plate 1 begins at z -185. A nut of M20 is 30 mm across flats: 15 from the axis at least.
+TEST(Urti, HeadsAndNutsByHand) {
+    Nodo n = prova::NodoDiProva();
+    EXPECT_TRUE(UrtiBulloni(n).empty());
+    prova::MettiBulloni(n, {{60, 185, 20},     // 1 free
+                            {21, 185, 20},     // 2 touches rib 3
+                            {-20.5, 185, 20},  // 3 in rib 3
+                            {17.5, 185, 20},   // 4 in rib 3 and in the web
+                            {60, 280, 20},     // 5 10 beside the upper flange
+                            {62, 292.5, 20},   // 6 12 beside and 7.5 above it: 14.2
+                            {18, 315, 20},     // 7 14 from rib 1; in rib 3
+                            {60, 357, 20}});   // 8 13 below the main flange
+    EXPECT_EQ(RigheUrti(UrtiBulloni(n)),
+              (std::vector<std::string>{"bulloni 3, 4, 7: il dado urta la nervatura interna",
+                                        "bullone 4: la testa urta l'anima della trave secondaria",
+                                        "bulloni 5, 6: la testa urta un'ala della trave secondaria",
+                                        "bullone 7: la testa urta la nervatura superiore",
+                                        "bullone 8: il dado urta un'ala della trave principale"}));
+    // Plate 1 so thick that the nut meets the web; so far out that it clears the flanges.
+    n.nBull = 1;
+    n.SpPiastra(1) = 86;  // nut from 14 to 4, the web ends at 5
+    EXPECT_EQ(RigheUrti(UrtiBulloni(n)),
+              std::vector<std::string>{"bullone 1: il dado urta l'anima della trave principale"});
+    n.SpPiastra(1) = 15;
+    n.Ybull(1) = 357;
+    n.distPiastraTraPri = 25;  // nut from 110 to 100
+    EXPECT_TRUE(UrtiBulloni(n).empty());
 }
 
 }  // namespace

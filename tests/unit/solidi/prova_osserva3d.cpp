@@ -5,16 +5,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QSlider>
 #include <QWheelEvent>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 
+#include "aiuti/finestra.h"
 #include "osserva3d/finestra.h"
 #include "osserva3d/lettura.h"
 #include "render/esporta.h"
@@ -28,24 +26,8 @@ namespace {
 
 const Piattaforma kMuta = PiattaformaMuta();
 
-// Without a screen, unless a platform is named: under X the same tests see the OpenGL surface.
-class Applicazione : public ::testing::Environment {
-  public:
-    void SetUp() override {
-        if (std::getenv("TK07_CON_X") != nullptr) std::strcpy(valore_, "xcb");
-        qt_ = InSilenzio([this] { return std::make_unique<QApplication>(quanti_, argomenti_); });
-        CaricaItaliano(*qt_);
-    }
-    void TearDown() override { qt_.reset(); }
-
-  private:
-    char nome_[6] = "prova", opzione_[10] = "-platform", valore_[10] = "offscreen";
-    char* argomenti_[4] = {nome_, opzione_, valore_, nullptr};
-    int quanti_ = 3;
-    std::unique_ptr<QApplication> qt_;
-};
 [[maybe_unused]] const auto* const kApplicazione =
-    ::testing::AddGlobalTestEnvironment(new Applicazione);
+    ::testing::AddGlobalTestEnvironment(new prova::Applicazione);
 
 void ScriviNodo(const Nodo& n, const std::string& file) {
     Risultati ris;
@@ -54,22 +36,9 @@ void ScriviNodo(const Nodo& n, const std::string& file) {
     ASSERT_TRUE(ComponiScena3D(n, ris.LungSald, nullptr, s, kMuta));
     ASSERT_TRUE(ScriviScena(s, file, kMuta));
 }
-template <class F>
-bool Aspetta(F fatto) {
-    QElapsedTimer t;
-    t.start();
-    while (!fatto() && t.elapsed() < 8000) QApplication::processEvents(QEventLoop::AllEvents, 20);
-    return fatto();
-}
-void Topo(QWidget* w, QEvent::Type tipo, const QPointF& dove) {
-    QMouseEvent e(tipo, dove, w->mapToGlobal(dove),
-                  tipo == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, Qt::LeftButton,
-                  Qt::NoModifier);
-    QApplication::sendEvent(w, &e);
-}
 void Clic(QWidget* w, const QPointF& dove) {
-    Topo(w, QEvent::MouseButtonPress, dove);
-    Topo(w, QEvent::MouseButtonRelease, dove);
+    prova::Topo(w, QEvent::MouseButtonPress, dove);
+    prova::Topo(w, QEvent::MouseButtonRelease, dove);
 }
 
 struct Visore {
@@ -156,9 +125,9 @@ TEST(Osserva3D, MouseTurnsZoomKeepsThePointAndModesDiffer) {
     QApplication::sendEvent(s.v, &rotella);
     EXPECT_NEAR(s.v->Occhio3D().perMm / prima.perMm, 1.44, 1e-9);
     EXPECT_NEAR(std::hypot(s.Su(sotto).x() - dove.x(), s.Su(sotto).y() - dove.y()), 0.0, 1e-6);
-    Topo(s.v, QEvent::MouseButtonPress, dove);
-    Topo(s.v, QEvent::MouseMove, dove + QPointF(50, 1000));
-    Topo(s.v, QEvent::MouseButtonRelease, dove + QPointF(50, 1000));
+    prova::Topo(s.v, QEvent::MouseButtonPress, dove);
+    prova::Topo(s.v, QEvent::MouseMove, dove + QPointF(50, 1000));
+    prova::Topo(s.v, QEvent::MouseButtonRelease, dove + QPointF(50, 1000));
     EXPECT_EQ(s.v->Occhio3D().elevazione, 90) << "not over the top";
     EXPECT_LT(s.v->Occhio3D().azimut, prima.azimut);
     EXPECT_EQ(s.Scelto(), "") << "a drag is no click";
@@ -192,23 +161,23 @@ TEST(Osserva3D, ReloadsWhenTheFileIsReplacedAndKeepsTheCamera) {
     const std::size_t n = s.v->Parti().size();
     s.nodo.AttNerv(1) = false;  // five parts less, and the weld of the flange in two halves
     ScriviNodo(s.nodo, s.file);
-    EXPECT_TRUE(Aspetta([&] { return s.v->Parti().size() == n - 5; }));
+    EXPECT_TRUE(prova::Aspetta([&] { return s.v->Parti().size() == n - 5; }));
     EXPECT_EQ(s.v->Occhio3D(), prima);
     EXPECT_EQ(s.Scelto(), "TraSec");
     EXPECT_FALSE(s.v->Aspetto().pittura.visibili[2]);
     // A broken file, then an empty scene: told, and the picture stays; a good one clears the bar.
     prova::ScriviTesto(s.file, "pera\n");
-    EXPECT_TRUE(Aspetta([&] { return s.avviso->isVisible(); }));
+    EXPECT_TRUE(prova::Aspetta([&] { return s.avviso->isVisible(); }));
     EXPECT_EQ(s.avviso->text().toStdString(),
               "Scena non leggibile: " + s.file + ": riga 1: non è un file di scena 3D");
     EXPECT_EQ(s.v->Parti().size(), n - 5);
     Scena vuota;
     SvuotaScena(vuota);
     ASSERT_TRUE(ScriviScena(vuota, s.file, kMuta));
-    EXPECT_TRUE(Aspetta([&] { return s.avviso->text().contains("non è definito"); }));
+    EXPECT_TRUE(prova::Aspetta([&] { return s.avviso->text().contains("non è definito"); }));
     s.nodo.AttNerv(1) = true;
     ScriviNodo(s.nodo, s.file);
-    EXPECT_TRUE(Aspetta([&] { return s.v->Parti().size() == n && !s.avviso->isVisible(); }));
+    EXPECT_TRUE(prova::Aspetta([&] { return s.v->Parti().size() == n && !s.avviso->isVisible(); }));
     EXPECT_FALSE(s.f.Apri("/manca/altra.tmp"));
     EXPECT_EQ(s.f.windowTitle().toStdString(), "Osserva3D - " + s.file);
 }
