@@ -20,14 +20,14 @@ _tk07() {
     if [[ $parola == -* ]]; then
         local opzioni="--help"
         case $comando in
-            "") opzioni+=" --diroot --lavoro" ;;
+            "") opzioni+=" --version --diroot --lavoro" ;;
             verifica) opzioni+=" --metodo --json --csv --fermati --apri --stampa" ;;
             mostra | sezioni | materiali) opzioni+=" --json" ;;
             proponi) opzioni+=" --piastre --nervature --bulloni -o" ;;
             carichi) opzioni+=" --aggiungi --senza-doppi --max-min --esporta -o" ;;
             importa) opzioni+=" --nodi --aste --casi --condizioni --sestetti --max-min --spiega -o" ;;
             disegna) opzioni+=" --tipi-linea -o" ;;
-            scena) opzioni+=" --distinta -o" ;;
+            scena) opzioni+=" --distinta --json -o" ;;
             relazione) opzioni+=" --breve --metodo -o" ;;
             sessione) opzioni+=" --avvia-programmi" ;;
         esac

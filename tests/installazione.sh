@@ -40,9 +40,10 @@ echo nodo > "$cartella/miei/lavori/esempi/mio.tk7"
 rm -r "$cartella/miei"
 "$tk07" verifica "$esempio" > /dev/null 2>&1
 [[ $? -eq 2 ]] || guasto "albero sparito"
-for f in share/mime/packages/tk07.xml share/man/man1/tk07.1 share/bash-completion/completions/tk07; do
+for f in share/mime/packages/tk07.xml share/bash-completion/completions/tk07; do
     [[ -f $cartella/spostato/$f ]] || guasto "manca $f"
 done
+[[ -n $(find "$cartella/spostato/share/man/man1" -name 'tk07.1*') ]] || guasto "manca la pagina man"
 (
     source "$cartella/spostato/share/bash-completion/completions/tk07"
     COMP_WORDS=(tk07 ver) COMP_CWORD=1

@@ -27,7 +27,7 @@ std::string Ricorda(const std::string& albero) {
     if (file.empty()) return "HOME non impostata: l'albero non può essere ricordato";
     std::error_code ec;
     fs::create_directories(fs::path(file).parent_path(), ec);
-    if (ec) return fs::path(file).parent_path().string() + ": " + ec.message();
+    if (ec) return fs::path(file).parent_path().string() + ": " + MessaggioSistema(ec.value());
     const std::string errore = ScriviFile(file, albero + "\n", Codifica::utf8);
     return errore.empty() ? "" : file + ": " + errore;
 }

@@ -27,11 +27,12 @@ namespace {
 
 std::string Verdetto(const Sessione& s) {
     const int n = s.nodo.nSollAg;
+    const std::string metodo = NomeMetodo(s.nodo.MetodoVerifica());
+    // Nothing failed, but nothing was judged either.
+    if (n == 0) return "NESSUN SESTETTO DI SOLLECITAZIONI, nulla da verificare (" + metodo + ")";
     int falliti = 0;
     for (int k = 0; k < n; ++k) falliti += s.ris.Verificato(k, 0) != 0 ? 0 : 1;
     const std::string quanti = std::to_string(n) + (n == 1 ? " sestetto" : " sestetti");
-    const std::string metodo = NomeMetodo(s.nodo.MetodoVerifica());
-    if (n == 0) return "NESSUN SESTETTO DI SOLLECITAZIONI, nulla da verificare (" + metodo + ")";
     if (falliti == 0) return "NODO VERIFICATO (" + metodo + ", " + quanti + ")";
     return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti +
            ")";

@@ -39,7 +39,7 @@ int Produci(const Sessione& s, const OpzioniScena& opz, const Grafica& grafica) 
         if (!ScriviScena(s.scena, opz.uscita, s.piattaforma)) return kUscitaUso;
     } else if (!opz.uscita.empty()) {
         if (!grafica.esportaSolidi(s, opz.uscita, errore)) {
-            Errore("tk07", errore);  // names the file
+            Errore(opz.file, errore);
             return kUscitaUso;
         }
     }

@@ -20,13 +20,13 @@ std::string InizializzaAlbero(const std::string& origine, const std::string& des
     for (const char* dir : {"impostazioni", "progra", "driver", "custom", "help", "manuali",
                             "videocorso", "temp", "macro_2d", "lavori"}) {
         fs::create_directories(a / dir, ec);
-        if (ec) return (a / dir).string() + ": " + ec.message();
+        if (ec) return (a / dir).string() + ": " + MessaggioSistema(ec.value());
     }
     const auto copia = [&](const fs::path& cosa) -> std::string {
         if (!fs::exists(da / cosa, ec)) return {};
         fs::copy(da / cosa, a / cosa,
                  fs::copy_options::recursive | fs::copy_options::overwrite_existing, ec);
-        return ec ? (a / cosa).string() + ": " + ec.message() : "";
+        return ec ? (a / cosa).string() + ": " + MessaggioSistema(ec.value()) : "";
     };
     for (const char* cosa : {"custom", "help", "progra/font.001", "lavori"}) {
         if (std::string e = copia(cosa); !e.empty()) return e;

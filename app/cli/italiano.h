@@ -15,6 +15,7 @@ inline void ParlaItaliano(CLI::App& app) {
     f->label("Positionals", "Argomenti");
     f->label("REQUIRED", "(obbligatorio)");
     f->label("TEXT", "TESTO");
+    f->label("Excludes", "esclude");
     f->column_width(34);
     app.formatter(f);
     app.set_help_flag("-h,--help", "Mostra questo aiuto ed esce");

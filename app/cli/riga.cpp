@@ -62,6 +62,8 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
 
     CLI::App app{"Nodo trave - trave con piastre: verifica, relazione, disegno", "tk07"};
     ParlaItaliano(app);
+    app.set_version_flag("--version", "TK07 " TK07_VERSIONE, "Mostra la versione ed esce")
+        ->group("Opzioni");
     app.require_subcommand(1);
     app.fallthrough();
     std::string diroot;
@@ -158,7 +160,7 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
 
     OpzioniImporta importa;
     c = comando("importa", "Importa le sollecitazioni dai risultati dell'analisi",
-                "importa nodo.tk7 --nodi 7 --aste 21 --casi 1-2 --spiega -o nodo.tk7");
+                "importa nodo.tk7 --nodi 105,108 --aste 19,20 --casi 1-2 --spiega -o nodo.tk7");
     c->add_option("FILE", importa.file, "File di nodo (.tk7)")->required()->type_name("");
     c->add_option("--nodi", importa.nodi, "Nodi della struttura")->required()->type_name("LISTA");
     c->add_option("--aste", importa.aste, "Aste da leggere")->required()->type_name("LISTA");
@@ -245,7 +247,7 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
             return std::max(codice, kUscitaUso);
         }
         return codice;
-    } catch (const CLI::CallForHelp& e) {
+    } catch (const CLI::Success& e) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
         Errore("tk07", InItaliano(e, app) + " (vedere tk07 --help)");

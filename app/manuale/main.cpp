@@ -1,11 +1,13 @@
 // Makes the manual: the chapters of a directory, in the order of their names, as one PDF.
 //   tk07-manuale CHAPTERS OUT.pdf
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPdfWriter>
+#include <QSaveFile>
 #include <cstdio>
 
 #include "manuale/pagine.h"
@@ -39,10 +41,11 @@ int main(int argc, char** argv) {
         cartella.entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
     if (capitoli.isEmpty()) return Guasto(QStringLiteral("nessun capitolo in ") + argomenti[1]);
 
-    // Written beside and renamed: a manual that fails leaves the old one whole.
-    const QString provvisorio = argomenti[2] + QStringLiteral(".nuovo");
+    QByteArray bytes;
     {
-        QPdfWriter carta(provvisorio);
+        QBuffer uscita(&bytes);
+        uscita.open(QIODevice::WriteOnly);
+        QPdfWriter carta(&uscita);
         carta.setResolution(600);
         carta.setPageSize(QPageSize(QPageSize::A4));
         carta.setPageMargins(QMarginsF(20.0, 14.0, 20.0, 12.0), QPageLayout::Millimeter);
@@ -61,10 +64,14 @@ int main(int argc, char** argv) {
                            QStringLiteral("Versione " TK07_VERSIONE), errore)) {
             return Guasto(errore);
         }
+        uscita.close();
+        bytes = tk07::ConSegnalibri(bytes, pagine.Segnalibri(), pagine.Rimandi(), errore);
+        if (bytes.isEmpty()) return Guasto(errore);
     }
-    QFile::remove(argomenti[2]);
-    if (!QFile::rename(provvisorio, argomenti[2])) {
-        return Guasto(argomenti[2] + QStringLiteral(": file non scritto"));
+    // Written beside and renamed: a manual that fails leaves the old one whole.
+    QSaveFile pdf(argomenti[2]);
+    if (!pdf.open(QIODevice::WriteOnly) || pdf.write(bytes) != bytes.size() || !pdf.commit()) {
+        return Guasto(argomenti[2] + ": " + pdf.errorString());
     }
     return 0;
 }

@@ -7,6 +7,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace tk07 {
@@ -149,6 +150,7 @@ bool Impaginatore::Tabella(const Blocco& b, QString& errore) {
         tutte <= larghezza_ ? volute : Colonne(minime, volute, larghezza_);
 
     std::shared_ptr<Riquadro> testata;
+    const std::size_t primo = pezzi_.size();
     for (qsizetype i = 0; i < b.righe.size(); ++i) {
         std::vector<std::shared_ptr<QTextDocument>> celle;
         double alta = 0.0;
@@ -184,6 +186,12 @@ bool Impaginatore::Tabella(const Blocco& b, QString& errore) {
             r.testata = testata;
         }
         pezzi_.push_back(r);
+    }
+    // A small table stays whole.
+    double tutta = 0.0;
+    for (std::size_t i = primo; i < pezzi_.size(); ++i) tutta += pezzi_[i].altezza;
+    if (tutta < 0.3 * (fondo_ - cima_)) {
+        for (std::size_t i = primo; i + 1 < pezzi_.size(); ++i) pezzi_[i].conIlProssimo = true;
     }
     return true;
 }
@@ -373,6 +381,7 @@ std::vector<Riquadro> Impaginatore::Indice(const std::vector<Pagina>& pagine, in
             r.altezza = m.height() * 1.15;
             r.spazioSopra = t.livello == 1 ? Mm(2.2) : 0.0;
             r.conIlProssimo = t.livello == 1;
+            r.meta = &t;
             r.disegna = [this, font, m, numero, testo = t.titolo,
                          x = Mm(t.livello == 1 ? 0.0 : 6.0)](QPainter& p, QPointF dove) {
                 p.save();
@@ -392,6 +401,33 @@ std::vector<Riquadro> Impaginatore::Indice(const std::vector<Pagina>& pagine, in
         }
     }
     return righe;
+}
+
+void Impaginatore::Segna(const std::vector<Pagina>& prime, const std::vector<Pagina>& pagine) {
+    const QMarginsF bordi = carta_.pageLayout().margins(QPageLayout::Point);
+    const double punti = 72.0 / carta_.resolution();
+    const auto alto = [&](double y) { return bordi.top() + y * punti; };
+    segnalibri_ = {{1, QStringLiteral("Indice"), 1, 0.0}};
+    rimandi_.clear();
+    std::map<const Riquadro*, std::size_t> dove;
+    const int davanti = 1 + static_cast<int>(prime.size());
+    for (std::size_t i = 0; i < pagine.size(); ++i) {
+        for (const Posto& posto : pagine[i].posti) {
+            const Riquadro& t = *posto.riquadro;
+            if (t.livello < 1 || t.livello > 2) continue;
+            dove[&t] = segnalibri_.size();
+            segnalibri_.push_back(
+                {t.livello, t.titolo, davanti + static_cast<int>(i), alto(posto.y)});
+        }
+    }
+    for (std::size_t i = 0; i < prime.size(); ++i) {
+        for (const Posto& posto : prime[i].posti) {
+            if (posto.riquadro->meta == nullptr) continue;
+            const QRectF q(bordi.left(), alto(posto.y), larghezza_ * punti,
+                           posto.riquadro->altezza * punti);
+            rimandi_.push_back({1 + static_cast<int>(i), q, dove.at(posto.riquadro->meta)});
+        }
+    }
 }
 
 bool Impaginatore::Scrivi(const QString& titolo, const QString& sottotitolo,
@@ -448,11 +484,11 @@ bool Impaginatore::Scrivi(const QString& titolo, const QString& sottotitolo,
     };
     stampa(prime);
     stampa(pagine);
-    pagineScritte_ = numero - 1;
     if (!p.end()) {
         errore = QStringLiteral("file non scritto");
         return false;
     }
+    Segna(prime, pagine);
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "manuale/blocchi.h"
+#include "pdf/segnalibri.h"
 
 namespace tk07 {
 
@@ -19,6 +20,7 @@ struct Riquadro {
     QString capitolo;            // names the chapter of the pages from here on
     int livello = 0;             // of a heading: goes into the table of contents
     QString titolo;
+    const Riquadro* meta = nullptr;     // of a line of the contents: the heading that it tells
     std::shared_ptr<Riquadro> testata;  // drawn again where a page begins with this one
     std::function<void(QPainter&, QPointF)> disegna;
 };
@@ -42,7 +44,9 @@ class Impaginatore {
     // Title page, table of contents, chapters.
     bool Scrivi(const QString& titolo, const QString& sottotitolo, const QString& versione,
                 QString& errore);
-    int Pagine() const { return pagineScritte_; }
+    // Of what was written: headings down to sections, and where the contents lead to them.
+    const std::vector<Segnalibro>& Segnalibri() const { return segnalibri_; }
+    const std::vector<Rimando>& Rimandi() const { return rimandi_; }
 
   private:
     double Mm(double x) const { return x * mm_; }
@@ -54,12 +58,14 @@ class Impaginatore {
     bool Disponi(const std::vector<Riquadro>& pezzi, std::vector<Pagina>& pagine,
                  QString& errore) const;
     std::vector<Riquadro> Indice(const std::vector<Pagina>& pagine, int spostamento);
+    void Segna(const std::vector<Pagina>& prime, const std::vector<Pagina>& pagine);
 
     QPdfWriter& carta_;
     double mm_, larghezza_, altezza_, cima_, fondo_;
     std::vector<Riquadro> pezzi_;
     QString capitolo_;
-    int pagineScritte_ = 0;
+    std::vector<Segnalibro> segnalibri_;
+    std::vector<Rimando> rimandi_;
 };
 
 }  // namespace tk07

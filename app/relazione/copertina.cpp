@@ -46,7 +46,15 @@ void DipingiCopertina(QPainter& p, const QRectF& q, const RelazioneEstesa& d,
     p.drawText(
         QPointF(q.left() + 6.0 * kMmRel, y + alto / 2.0 + c.verdetto.Salita() / 2.0 - 1.0 * kMmRel),
         DaUtf8(d.verdetto));
-    y += alto + 8.0 * kMmRel;
+    y += alto + 3.0 * kMmRel;
+    if (!d.avvisi.empty()) {
+        scrivi(c.forte, kMale, q.left(),
+               QStringLiteral("Regole di distanza non rispettate: %1 (capitolo «Regole di "
+                              "distanza dei bulloni»)")
+                   .arg(d.avvisi.size()));
+        y += c.forte.Altezza();
+    }
+    y += 5.0 * kMmRel;
 
     scrivi(c.paragrafo, kTitolo, q.left(), QStringLiteral("Verifica che governa, per famiglia"));
     y += c.paragrafo.Altezza() + 2.0 * kMmRel;
@@ -104,12 +112,14 @@ void DipingiCopertina(QPainter& p, const QRectF& q, const RelazioneEstesa& d,
             y += c.testo.Altezza() * 1.2;
         }
     }
-    if (d.avvisi.empty()) return;
-    y += 6.0 * kMmRel;
-    scrivi(c.forte, kMale, q.left(),
-           QStringLiteral("Regole di distanza non rispettate: %1 (capitolo «Regole di distanza dei "
-                          "bulloni»)")
-               .arg(d.avvisi.size()));
+    // Room for whoever answers for the report, where the data leave it.
+    const double firma = 60.0 * kMmRel, fondo = q.bottom() - 12.0 * kMmRel;
+    if (y > fondo - 20.0 * kMmRel) return;
+    p.setPen(QPen(kGrigio, 8));
+    p.drawLine(QPointF(q.right() - firma, fondo), QPointF(q.right(), fondo));
+    y = fondo + 1.0 * kMmRel;
+    scrivi(c.tabella, kGrigio, q.right() - firma,
+           QStringLiteral("Il progettista (timbro e firma)"));
 }
 
 }  // namespace tk07

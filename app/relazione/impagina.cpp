@@ -34,7 +34,7 @@ class Impaginatore {
 
     Impaginato Fai(const std::vector<std::pair<QString, QString>>& scheda) {
         NuovaPagina();
-        r_.segnalibri.push_back({1, QStringLiteral("Esito"), 0, kCima});
+        r_.segnalibri.push_back({1, QStringLiteral("Esito"), 0, kCima / kPtRel});
         Disegna([this, scheda](QPainter& p) {
             DipingiCopertina(p, QRectF(kX, kCima, kLargo, kFondo - kCima), d_, scheda, c_);
         });
@@ -61,7 +61,7 @@ class Impaginatore {
         if (y_ + h > kFondo && !InCima()) NuovaPagina();
     }
     void Segna(int livello, const QString& t) {
-        r_.segnalibri.push_back({livello, t, static_cast<int>(r_.pagine.size()) - 1, y_});
+        r_.segnalibri.push_back({livello, t, static_cast<int>(r_.pagine.size()) - 1, y_ / kPtRel});
     }
 
     // What the block at i wants to have together at its beginning; headings take the next along.

@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "pdf/segnalibri.h"
 #include "relazione/carattere.h"
 #include "verification/reports/esteso.h"
 
@@ -18,13 +19,6 @@ namespace tk07 {
 
 // Draws a picture into a rectangle given in the painter's own units.
 using DipingiFigura = std::function<void(QPainter&, const QRectF&)>;
-
-struct Segnalibro {
-    int livello = 1;  // 1 chapter, 2 section
-    QString testo;
-    int pagina = 0;     // from 0
-    double alto = 0.0;  // from the top of the page [lay-out units]
-};
 
 struct PaginaRel {
     QSizeF foglio{210.0, 297.0};  // [mm]

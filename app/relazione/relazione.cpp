@@ -16,7 +16,7 @@
 #include "base/testo.h"
 #include "drawing/composizione.h"
 #include "joint/file_nodo.h"
-#include "relazione/segnalibri.h"
+#include "pdf/segnalibri.h"
 #include "render/tavola.h"
 
 namespace tk07 {
@@ -107,7 +107,7 @@ class Scrittura {
             return {};
         }
         uscita.close();
-        return ConSegnalibri(bytes, im, errore);
+        return ConSegnalibri(bytes, im.segnalibri, {}, errore);
     }
 
   private:

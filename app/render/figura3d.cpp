@@ -12,7 +12,7 @@ namespace tk07 {
 
 std::function<void(QPainter&, const QRectF&)> FiguraNodo3D(const Nodo& nodo, const Opzioni& opz) {
     constexpr double kBordo = 0.04;
-    constexpr int kLarghezza = 1600;  // pixels: some 250 dots per inch across a page
+    constexpr int kLarghezza = 1300;  // pixels: some 190 dots per inch across a page
     const Piattaforma muta = PiattaformaMuta();
     Risultati ris;
     Scena scena;

@@ -70,6 +70,8 @@ std::uint32_t Decodifica(std::string_view t, std::size_t& i) {
     return v;
 }
 
+}  // namespace
+
 std::string MessaggioSistema(int errore) {
     switch (errore) {  // the common ones in the program's language
         case ENOENT:
@@ -92,8 +94,6 @@ std::string MessaggioSistema(int errore) {
     }
     return std::error_code(errore, std::generic_category()).message();
 }
-
-}  // namespace
 
 std::string PercorsoMostrato(std::string_view percorso) {
     std::string r(percorso);

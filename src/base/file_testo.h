@@ -20,6 +20,9 @@ bool EsisteFile(std::string_view percorso);
 std::string NomeSenzaDirettorio(std::string_view percorso);
 std::string NomeBase(std::string_view percorso);
 
+// What went wrong, from the system's number of the error, in the program's language.
+std::string MessaggioSistema(int errore);
+
 // Deletes the file if it is there; false when it could not be deleted.
 bool EliminaFile(std::string_view percorso);
 

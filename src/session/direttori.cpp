@@ -109,6 +109,9 @@ bool RisolviDirettori(const Avvio& avvio, Direttori& d, const Piattaforma& p) {
     if (!FinisceCon(Minuscolo(senza), "lavori")) {
         return fallito("Il direttorio dei lavori deve terminare con < ...\\lavori >.");
     }
+    if (avvio.lavoro && NumeroCaratteri(*avvio.lavoro) != 6) {
+        return fallito("Il lavoro " + *avvio.lavoro + " non esiste: il nome ha sei caratteri.");
+    }
     const auto lavoro = avvio.lavoro ? avvio.lavoro : PrimaRiga(d.dirImpostazioni + "\\lavoro");
     if (!lavoro || NumeroCaratteri(*lavoro) != 6) {
         return fallito(PercorsoMostrato(d.dirImpostazioni + "\\lavoro") + " errato o mancante.");

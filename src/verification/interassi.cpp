@@ -15,7 +15,6 @@ using Coordinate = Tab1<double, 0, kMaxBulloni>;
 using Indici = std::array<int, kMaxBulloni>;
 
 enum class Norma { NTC, CNR };
-enum class Direzione { orizzontale, verticale };
 
 struct Limiti {
     double bordoMin = 0.0;             // times d0
@@ -63,38 +62,32 @@ Indici OrdinaIndici(const Coordinate& chiave, int n) {
     return ordine;
 }
 
+using Distanze = std::vector<DistanzaBulloni>;
+
+// The distances of one direction: edges plate by plate, far edge first, then the neighbours by
+// ascending position.
 class Passata {
   public:
-    Passata(const Nodo& n, double gioco, Norma norma, Direzione dir, const Piattaforma& p)
+    Passata(const Nodo& n, double gioco, Norma norma, Direzione dir)
         : n_(n),
           gioco_(gioco),
-          norma_(norma),
           dir_(dir),
-          p_(p),
           lim_(LimitiDi(n, norma, dir)),
           pos_(dir == Direzione::orizzontale ? n.Xbull : n.Ybull),
           trasv_(dir == Direzione::orizzontale ? n.Ybull : n.Xbull),
           ordine_(OrdinaIndici(pos_, n.nBull)) {}
 
-    bool Esegui() {
-        Bordi();
-        Interassi();
-        return rispettate_;
+    void Misura(Distanze& d) const {
+        Bordi(d);
+        Interassi(d);
     }
 
   private:
     double d0(int i) const { return n_.Fibull(i) + gioco_; }
+    int Ordinato(int a) const { return ordine_[static_cast<std::size_t>(a)]; }
 
-    void Messaggio(const std::string& cosa) {
-        MostraAvviso(p_, "I bulloni non rispettano " + cosa + " in direzione " +
-                             (dir_ == Direzione::orizzontale ? "orizzontale" : "verticale") +
-                             (norma_ == Norma::NTC ? " (NTC 2018)" : " (CNR 10011/88)"));
-        rispettate_ = false;
-    }
-
-    void Bordi() {
-        const int primo = ordine_[0];
-        const int ultimo = ordine_[static_cast<std::size_t>(n_.nBull - 1)];
+    void Bordi(Distanze& d) const {
+        const int primo = Ordinato(0), ultimo = Ordinato(n_.nBull - 1);
         for (int k = 1; k <= 2; ++k) {
             double lo = -n_.BPiastra(k) / 2.0, hi = n_.BPiastra(k) / 2.0;
             if (dir_ == Direzione::verticale) {
@@ -103,34 +96,25 @@ class Passata {
                 hi = k == 1 ? n_.HPiastra(1) : cima2;
             }
             // Absolute values: a bolt outside the plate is measured from outside.
-            const double alto = std::fabs(pos_(ultimo) - hi), basso = std::fabs(pos_(primo) - lo);
-            const std::string piastra = " dai bordi della piastra " + std::to_string(k);
-            if (!(lim_.bordoMin * d0(ultimo) <= alto && lim_.bordoMin * d0(primo) <= basso)) {
-                Messaggio("la distanza minima" + piastra);
-            }
             const double massimo = lim_.bordoMax[static_cast<std::size_t>(k - 1)];
-            if (!(alto <= massimo && basso <= massimo)) Messaggio("la distanza massima" + piastra);
+            d.push_back({dir_, k, false, ultimo, 0, std::fabs(pos_(ultimo) - hi),
+                         lim_.bordoMin * d0(ultimo), massimo});
+            d.push_back({dir_, k, true, primo, 0, std::fabs(pos_(primo) - lo),
+                         lim_.bordoMin * d0(primo), massimo});
         }
     }
 
-    void Interassi() {
+    void Interassi(Distanze& d) const {
         const double tan30 = std::tan(kPi / 6.0);
-        bool ferma = false;
-        for (int a = 0; a < n_.nBull - 1 && !ferma; ++a) {
-            const int i = ordine_[static_cast<std::size_t>(a)];
+        for (int a = 0; a < n_.nBull - 1; ++a) {
+            const int i = Ordinato(a);
             for (int b = a + 1; b < n_.nBull; ++b) {
-                const int j = ordine_[static_cast<std::size_t>(b)];
+                const int j = Ordinato(b);
                 const double passo = std::fabs(pos_(j) - pos_(i));
                 if (std::fabs(trasv_(j) - trasv_(i)) > passo * tan30) continue;
-                // The first bolt on a row with i is its neighbour, and the only one tested.
-                if (passo < lim_.passoMin * Min(d0(i), d0(j))) {
-                    Messaggio("l'interasse minimo");
-                    ferma = true;
-                }
-                if (passo > lim_.passoMax) {
-                    Messaggio("l'interasse massimo");
-                    ferma = true;
-                }
+                // The first bolt on a row with i is its neighbour, and the only one measured.
+                d.push_back({dir_, 0, false, i, j, passo, lim_.passoMin * Min(d0(i), d0(j)),
+                             lim_.passoMax});
                 break;
             }
         }
@@ -138,25 +122,66 @@ class Passata {
 
     const Nodo& n_;
     double gioco_;
-    Norma norma_;
     Direzione dir_;
-    const Piattaforma& p_;
     Limiti lim_;
     const Coordinate& pos_;
     const Coordinate& trasv_;
     Indici ordine_;
-    bool rispettate_ = true;
 };
+
+constexpr std::size_t kBordi = 4;  // distances from edges that a direction begins with
+
+// Boxes for the breaches of one direction; of the spacings only the first pair that breaks a rule.
+bool Giudica(const Distanze& d, Norma norma, const Piattaforma& p) {
+    bool rispettate = true;
+    const auto messaggio = [&](const std::string& cosa) {
+        const bool orizz = d.front().direzione == Direzione::orizzontale;
+        MostraAvviso(p, "I bulloni non rispettano " + cosa + " in direzione " +
+                            (orizz ? "orizzontale" : "verticale") +
+                            (norma == Norma::NTC ? " (NTC 2018)" : " (CNR 10011/88)"));
+        rispettate = false;
+    };
+    for (std::size_t k = 0; k < kBordi; k += 2) {
+        const DistanzaBulloni &alto = d[k], &basso = d[k + 1];
+        const std::string piastra = " dai bordi della piastra " + std::to_string(alto.piastra);
+        if (!(alto.minimo <= alto.valore && basso.minimo <= basso.valore)) {
+            messaggio("la distanza minima" + piastra);
+        }
+        if (!(alto.valore <= alto.massimo && basso.valore <= basso.massimo)) {
+            messaggio("la distanza massima" + piastra);
+        }
+    }
+    for (std::size_t k = kBordi; k < d.size(); ++k) {
+        const bool corto = d[k].valore<d[k].minimo, lungo = d[k].valore> d[k].massimo;
+        if (corto) messaggio("l'interasse minimo");
+        if (lungo) messaggio("l'interasse massimo");
+        if (corto || lungo) break;
+    }
+    return rispettate;
+}
+
+Distanze Misura(const Nodo& n, const Opzioni& opz, Norma norma, Direzione dir) {
+    Distanze d;
+    if (n.nBull > 0) Passata(n, opz.ValOpz(kOpzTollForo), norma, dir).Misura(d);
+    return d;
+}
 
 bool Controlla(const Nodo& n, const Opzioni& opz, Norma norma, const Piattaforma& p) {
     if (n.nBull <= 0) return true;
-    const double gioco = opz.ValOpz(kOpzTollForo);
-    const bool o = Passata(n, gioco, norma, Direzione::orizzontale, p).Esegui();
-    const bool v = Passata(n, gioco, norma, Direzione::verticale, p).Esegui();
+    const bool o = Giudica(Misura(n, opz, norma, Direzione::orizzontale), norma, p);
+    const bool v = Giudica(Misura(n, opz, norma, Direzione::verticale), norma, p);
     return o && v;
 }
 
 }  // namespace
+
+std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& n, const Opzioni& opz) {
+    const Norma norma = n.MetodoVerifica() == Metodo::TA ? Norma::CNR : Norma::NTC;
+    Distanze d = Misura(n, opz, norma, Direzione::orizzontale);
+    const Distanze v = Misura(n, opz, norma, Direzione::verticale);
+    d.insert(d.end(), v.begin(), v.end());
+    return d;
+}
 
 bool ControllaBulloniNTC(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
     return Controlla(n, opz, Norma::NTC, p);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "joint/nodo.h"
 #include "options/opzioni.h"
 
@@ -15,5 +17,20 @@ bool ControllaBulloniNTC(const Nodo& nodo, const Opzioni& opz, const Piattaforma
 bool ControllaBulloniCNR(const Nodo& nodo, const Opzioni& opz, const Piattaforma& p);
 // The rule of the joint's own method.
 bool ControllaBulloni(const Nodo& nodo, const Opzioni& opz, const Piattaforma& p);
+
+enum class Direzione { orizzontale, verticale };
+
+// A distance that the rules limit, with its limits [mm].
+struct DistanzaBulloni {
+    Direzione direzione = Direzione::orizzontale;
+    int piastra = 0;      // of a distance from an edge; 0: spacing of two bolts
+    bool inizio = false;  // the left or lower edge
+    int bullone = 0;
+    int altro = 0;  // neighbour, of a spacing
+    double valore = 0.0, minimo = 0.0, massimo = 0.0;
+};
+// All that the rule of the joint's own method looks at: the edges of both plates from the first and
+// the last bolt, every pair of neighbours; horizontal first.
+std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& nodo, const Opzioni& opz);
 
 }  // namespace tk07

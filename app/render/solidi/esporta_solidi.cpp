@@ -232,7 +232,7 @@ bool EsportaSolidi(const std::vector<Parte>& parti, const std::string& titolo,
     }
     if (fatto) {
         fs::rename(qui, dove, e);
-        if (e) perche = ": " + e.message();
+        if (e) perche = ": " + MessaggioSistema(e.value());
         fatto = !e;
     }
     if (fatto) return true;

@@ -138,9 +138,10 @@ class Compositore {
         const std::string fonte = c_.Slu() ? "NTC 2018, 4.2.8.1.1, tab. 4.2.XVIII" : "CNR 10011/88";
         if (d_.avvisi.empty()) {
             Testo("Distanze dai bordi e interassi rispettano le regole di " + fonte + ".");
-            return;
+        } else {
+            d_.blocchi.push_back(RiquadroRel{"Regole non rispettate (" + fonte + ")", d_.avvisi});
         }
-        d_.blocchi.push_back(RiquadroRel{"Regole non rispettate (" + fonte + ")", d_.avvisi});
+        RegoleDistanza(c_, d_.blocchi);
     }
 
     void Riassunto() {
@@ -333,14 +334,15 @@ class Compositore {
                 }
             }
         };
-        Titolo(3, "Bulloni");
+        const std::string tensioni = " (" + UnitaMostrata(f.u.UnitaTensioni) + ")";
+        Titolo(3, "Bulloni" + (c_.Slu() ? " (" + UnitaMostrata(f.u.UnitaForze) + ")" : tensioni));
         if (!c_.Slu()) d_.blocchi.push_back(TabellaAmmissibili(c_, s));
         d_.blocchi.push_back(TabellaBulloni(c_, s));
         spiega({Famiglia::bulloni});
-        Titolo(3, "Piastre");
+        Titolo(3, "Piastre" + tensioni);
         d_.blocchi.push_back(TabellaPiastre(c_, s));
         spiega({Famiglia::piastra1, Famiglia::piastra2});
-        Titolo(3, "Saldature");
+        Titolo(3, "Saldature" + tensioni);
         d_.blocchi.push_back(TabellaSaldature(c_, s));
         spiega({Famiglia::saldatureS1, Famiglia::saldatureS2});
     }

@@ -224,11 +224,9 @@ void Gruppi(const ContestoRel& c, std::vector<BloccoRel>& b) {
     b.push_back(t);
     b.push_back(
         TestoRel{"Millimetri e loro potenze. S1: trave secondaria e nervature superiore e "
-                 "inferiore sulla piastra "
-                 "2, y dall'intradosso della secondaria. S2: piastra 1 e nervatura 3 nella "
-                 "principale, y dalla "
-                 "metà della principale. yG di S1 è il baricentro del gruppo; quello di S2 è il "
-                 "livello dell'asse della secondaria."});
+                 "inferiore sulla piastra 2, y dall'intradosso della secondaria. S2: piastra 1 e "
+                 "nervatura 3 nella principale, y dalla metà della principale. yG di S1 è il "
+                 "baricentro del gruppo; quello di S2 è il livello dell'asse della secondaria."});
     // S2 measures y from the main beam's middle and takes the moments as stored: two formulas.
     const auto formule = [&b](const char* titolo, std::vector<std::string> f) {
         VerificaRel v;
@@ -252,14 +250,32 @@ void Gruppi(const ContestoRel& c, std::vector<BloccoRel>& b) {
              "τ_{pa} = ±|\\frac{M b}{J}| + \\frac{T}{A_{T}} con il segno di T"});
     b.push_back(TestoRel{
         "Forze in daN, momenti in daN·cm come nella tabella dei carichi, lunghezze in mm. I "
-        "termini "
-        "fra "
-        "parentesi quadre valgono quando il trasporto è da considerare. b è la gola; T e la sua "
-        "area sono Ty "
-        "con A vert "
-        "nei cordoni verticali, Tz con A orizz in quelli orizzontali. I cordoni s12, s14 e s5, "
-        "s6, s7 "
-        "ricevono le risultanti dei cordoni lungo le nervature."});
+        "termini fra parentesi quadre valgono quando il trasporto è da considerare. b è la gola; "
+        "T e la sua area sono Ty con A vert nei cordoni verticali (s1, s13, s15; s4), Tz con A "
+        "orizz in quelli orizzontali (s2, s3, s10, s11; s8, s9). I cordoni s12 e s14 portano le "
+        "risultanti di s13 e s15, i cordoni s5, s6, s7 quelle di s4. In S2 i momenti Mz e My "
+        "della tabella valgono come daN·mm (capitolo «Limiti del metodo»)."});
+}
+
+// From a load set to the forces of one bolt.
+void Azioni(const ContestoRel& c, std::vector<BloccoRel>& b) {
+    Titolo(b, 2, "Azioni sui bulloni");
+    VerificaRel v;
+    v.titolo = c.Slu() ? "Forze nel bullone i" : "Tensioni nel bullone i";
+    v.formule = {c.Slu()
+                     ? "F_{t,Ed} = A_{i} s(x_{i}, y_{i}),    s(x, y) = c_{1} y + c_{2} x + c_{3}"
+                     : "σ = s(x_{i}, y_{i}),    s(x, y) = c_{1} y + c_{2} x + c_{3}",
+                 "M_{tot} = M_{t} + (Y_{G} − y_{asse}) T_{z} + X_{G} T_{y}",
+                 "V_{z} = \\frac{T_{z}}{n} − \\frac{M_{tot}}{I_{p}} (y_{i} − Y_{G}) A_{i},    "
+                 "V_{y} = \\frac{T_{y}}{n} − \\frac{M_{tot}}{I_{p}} (x_{i} − X_{G}) A_{i}",
+                 c.Slu() ? "F_{v,Ed} = \\sqrt{V_{z}^{2} + V_{y}^{2}}"
+                         : "τ = \\frac{\\sqrt{V_{z}^{2} + V_{y}^{2}}}{A_{i}}"};
+    b.push_back(v);
+    b.push_back(TestoRel{
+        "Il piano s, positivo a trazione, equilibra N, Mz − d Ty e My − d Tz: le piastre premono e "
+        "non tirano, i bulloni lavorano nei due versi. d = distAzioni; i termini d Ty e d Tz solo "
+        "quando il trasporto è da considerare (capitolo «Equilibrio dei sestetti»). XG, YG e Ip "
+        "sono baricentro e inerzia polare dei bulloni, n il loro numero."});
 }
 
 }  // namespace
@@ -289,6 +305,7 @@ void GrandezzeComuni(const ContestoRel& c, std::vector<BloccoRel>& b) {
          {{"braccio del trasporto distAzioni", TestoMm(g.distAzioni), "mm"}},
          {{"baricentro dei bulloni, x; y", TestoMm(g.XG) + "; " + TestoMm(g.YG), "mm"}},
          {{"inerzia polare dei bulloni", TestoCifre(g.Ip, 5), "mm⁴"}}}});
+    Azioni(c, b);
     if (c.Slu()) Resistenze(c, b);
     Gruppi(c, b);
 }

@@ -198,7 +198,9 @@ void SpiegaPiastra(const ContestoRel& c, const ControlloElemento& e, Sestetto s,
     const double unitario = FlessionePiastra(n, k, 1.0, 0.0);  // 1 / W
     const double M = std::fabs(c.ris.MPiastra2(s, k)) / 10.0;  // daN cm
     const std::string W = TestoCifre(1.0 / unitario, 5) + " mm³";
-    v.formule = {nome + " = " + Frazione("|M|", "W") + " ≤ " + limite[0]};
+    const std::string Mu = TestoCifre(M * f.u.FattoreMomenti, 5) + f.UMomento();
+    v.formule = {nome + " = " + Frazione("|M|", "W") + " ≤ " + limite[0],
+                 "|M| = bulloni e contatto dello sbalzo, al filo dell'ala = " + Mu};
     if (n.AttNerv(k)) {
         v.formule.push_back("W = " + Frazione("I", "max(b + t − y_{G}; |y_{G} − t|)") + " = " + W +
                             " (sezione a T: piastra " + TestoMm(n.TraSec.B) + " × " +
@@ -210,9 +212,7 @@ void SpiegaPiastra(const ContestoRel& c, const ControlloElemento& e, Sestetto s,
             Frazione(TestoMm(n.TraSec.B) + " mm · (" + TestoMm(n.SpPiastra(2)) + " mm)^{2}", "6") +
             " = " + W);
     }
-    v.formule.push_back(nome + " = " +
-                        Frazione(TestoCifre(M * f.u.FattoreMomenti, 5) + f.UMomento(), W) + " = " +
-                        f.TensioneU(e.domanda));
+    v.formule.push_back(nome + " = " + Frazione(Mu, W) + " = " + f.TensioneU(e.domanda));
     v.formule.push_back(limite[1]);
 }
 

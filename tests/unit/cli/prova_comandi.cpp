@@ -276,6 +276,16 @@ TEST(Comandi, WrongUseIs2AndHelpIs0) {
         EXPECT_EQ(u.codice, 0) << a;
         EXPECT_TRUE(Contiene(u.testo, std::string("Esempio: tk07 ") + a)) << a;
     }
+    EXPECT_EQ(t.Esegui("--version").testo.rfind("TK07 1.", 0), 0u);
+    // Nothing to judge is no verdict.
+    std::string vuoto = prova::LeggiTesto(t.Esempio(kVerificato));
+    vuoto = SostituisciTesto(vuoto, "\n3                                       [nSollAg]",
+                             "\n0                                       [nSollAg]");
+    prova::ScriviTesto(t.Esempio("vuoto"), vuoto);
+    const Uscita u = t.Esegui("verifica " + t.Esempio("vuoto"));
+    EXPECT_TRUE(u.codice == 0 && Contiene(u.testo, "NESSUN SESTETTO") &&
+                !Contiene(u.testo, "VERIFICATO"))
+        << u.testo;
     // the marked field, in capitals, on a root whose name is found whatever its case
     std::string uscita;
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA " '|DIROOT=" + Maiuscolo(t.radice) + "|' verifica " +

@@ -91,13 +91,16 @@ TEST(Manuale, OgniComandoDellaRiga) {
     EXPECT_GT(quanti, 30);
 }
 
-// The printed manual: every chapter, in order, begins on the page that the contents name.
+// The printed manual: every chapter, in order, begins on the page that the contents name and lead
+// to, and that the outline opens.
 TEST(Manuale, Pagine) {
     const fs::path pdf = fs::path(TK07_PROGRAMMA).parent_path() / "../help/HelpTK07.pdf";
     std::string testo;
     if (!fs::exists(pdf)) GTEST_SKIP() << "built without Qt";
     if (Esegui("pdftotext -layout " + pdf.string() + " -", &testo) != 0)
         GTEST_SKIP() << "pdftotext";
+    std::string xml;
+    ASSERT_EQ(Esegui("pdftohtml -xml -i -stdout " + pdf.string(), &xml), 0);
     const std::vector<std::string> pagine = Dividi(testo, '\f');
     std::string indice = pagine[1] + pagine[2];
     std::size_t minima = 2;
@@ -113,6 +116,10 @@ TEST(Manuale, Pagine) {
         ASSERT_LE(pagina, pagine.size());
         EXPECT_GT(pagina, minima) << titolo;
         minima = pagina;
+        EXPECT_NE(xml.find("<item page=\"" + numero.str() + "\">" + titolo), std::string::npos)
+            << titolo;
+        EXPECT_NE(xml.find(".html#" + numero.str() + "\"><b>" + titolo), std::string::npos)
+            << titolo;
         // Once as the running head, once as the heading; the page bears its own number.
         const std::string& t = pagine[pagina - 1];
         const std::size_t testa = t.find(titolo);

@@ -256,7 +256,10 @@ TEST(Esporta, CommandLine) {
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA + nodo, &uscita, &errori), 2);
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA + nodo + "--json -o " + out + ".step"), 2);
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA + nodo + "-o /nessuna/n.step", &uscita, &errori), 2);
-    EXPECT_EQ(errori, "tk07: /nessuna/n.step: file non scritto: la cartella non esiste\n");
+    EXPECT_NE(errori.find("01_ipe160_su_ipe270.tk7: /nessuna/n.step: file non scritto: la cartella "
+                          "non esiste\n"),
+              std::string::npos)
+        << errori;
 }
 #endif
 

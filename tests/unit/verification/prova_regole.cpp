@@ -225,6 +225,31 @@ void Confronta(const Nodo& n, const Testi& attesi, double gioco = 2.0) {
     }
 }
 
+// What the report shows: four M20 with holes of 22 on plates 200 x 370 x 15 (0 to 370) and 180 x
+// 320 x 20 (25 to 345). NTC: 1.2, 2.4 and 2.2 d0; 4 t + 40; the lesser of 14 t and 200. By hand;
+// of 2 the first within 30 degrees is 3, 120 aside of 260.
+TEST(Interassi, DistancesWithTheirLimits) {
+    const auto d = DistanzeBulloni(prova::NodoDiProva(), prova::OpzioniDiProva(2.0));
+    const auto O = Direzione::orizzontale, V = Direzione::verticale;
+    const DistanzaBulloni attese[] = {
+        {O, 1, false, 4, 0, 40, 26.4, 100},  {O, 1, true, 1, 0, 40, 26.4, 100},
+        {O, 2, false, 4, 0, 30, 26.4, 120},  {O, 2, true, 1, 0, 30, 26.4, 120},
+        {O, 0, false, 1, 2, 120, 52.8, 200}, {O, 0, false, 3, 4, 120, 52.8, 200},
+        {V, 1, false, 4, 0, 55, 26.4, 100},  {V, 1, true, 1, 0, 55, 26.4, 100},
+        {V, 2, false, 4, 0, 30, 26.4, 120},  {V, 2, true, 1, 0, 30, 26.4, 120},
+        {V, 0, false, 1, 3, 260, 48.4, 200}, {V, 0, false, 2, 3, 260, 48.4, 200}};
+    ASSERT_EQ(d.size(), std::size(attese));
+    for (std::size_t k = 0; k < d.size(); ++k) {
+        SCOPED_TRACE(k);
+        const DistanzaBulloni& a = attese[k];
+        EXPECT_TRUE(d[k].direzione == a.direzione && d[k].piastra == a.piastra &&
+                    d[k].inizio == a.inizio && d[k].bullone == a.bullone && d[k].altro == a.altro);
+        EXPECT_NEAR(d[k].valore, a.valore, 1e-9);
+        EXPECT_NEAR(d[k].minimo, a.minimo, 1e-9);
+        EXPECT_NEAR(d[k].massimo, a.massimo, 1e-9);
+    }
+}
+
 TEST(ControllaDati, EveryTestAtItsBoundary) {
     const auto nulla = [](Nodo&) {};
     const Dato casi[] = {
