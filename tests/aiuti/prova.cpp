@@ -1,10 +1,12 @@
 #include "aiuti/prova.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <fstream>
 #include <random>
 #include <sstream>
+#include <utility>
 
 #include "cli/inizializza.h"
 
@@ -52,6 +54,24 @@ bool Porta::HaDetto(const std::string& testo) const {
     return false;
 }
 
+bool Porta::Tutti(Segno segno, const std::string& titolo) const {
+    return std::all_of(detti.begin(), detti.end(),
+                       [&](const Detto& d) { return d.segno == segno && d.titolo == titolo; });
+}
+
+std::string Porta::Prendi() {
+    std::string t;
+    for (const Detto& d : std::exchange(detti, {})) {
+        const char segno = d.segno == Segno::informazione   ? 'i'
+                           : d.segno == Segno::domanda      ? '?'
+                           : d.segno == Segno::esclamazione ? '!'
+                           : d.segno == Segno::critico      ? 'x'
+                                                            : '-';
+        t += (t.empty() ? "" : "\n") + std::string(1, segno) + "|" + d.titolo + "|" + d.testo;
+    }
+    return t;
+}
+
 Cartella::Cartella() {
     static std::atomic<unsigned> numero{0};
     const auto seme = std::random_device{}();
@@ -96,6 +116,12 @@ SessioneDiProva::SessioneDiProva() : radice(AlberoDiProva(cartella)) {
         throw std::runtime_error("sessione non avviata: " +
                                  (porta.detti.empty() ? "" : porta.detti.back().testo));
     }
+}
+
+int Quante(const std::string& testo, const std::string& cosa) {
+    int q = 0;
+    for (std::size_t i = testo.find(cosa); i != std::string::npos; i = testo.find(cosa, i + 1)) ++q;
+    return q;
 }
 
 int Esegui(const std::string& riga, std::string* uscita, std::string* errori) {

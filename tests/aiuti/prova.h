@@ -30,6 +30,10 @@ struct Porta {
     std::deque<FileScelto> file;
     Piattaforma Fai();
     std::vector<std::string> Testi() const;
+    // Whether every box had this sign and title.
+    bool Tutti(Segno segno, const std::string& titolo) const;
+    // Takes the boxes away, a line each: sign (- i ? ! x), title, text, divided by bars.
+    std::string Prendi();
     // True when a box said exactly `testo`.
     bool HaDetto(const std::string& testo) const;
 };
@@ -63,6 +67,9 @@ struct SessioneDiProva {
     SessioneDiProva();
     std::string Lavoro() const { return radice + "/lavori/esempi"; }
 };
+
+// How often a text holds another.
+int Quante(const std::string& testo, const std::string& cosa);
 
 // Exit code of a command line; its standard output and error in `uscita` and `errori`.
 int Esegui(const std::string& riga, std::string* uscita = nullptr, std::string* errori = nullptr);

@@ -8,7 +8,7 @@ from __future__ import annotations
 
 import math
 import re
-from dataclasses import dataclass, field
+from dataclasses import make_dataclass
 from pathlib import Path
 
 FAMIGLIE = ("IPE IPEA IPER IPEO IPEV HEA HEAA HEB HEM HEC DIL HER HLAA HLA HLB HLM HLR "
@@ -21,78 +21,34 @@ class DatiErrati(Exception):
     """A file that cannot be read, or lacks what the calculation needs."""
 
 
-@dataclass
-class Profilo:
-    Nome: str
-    H: float
-    B: float
-    tw: float
-    tf: float
-    r: float
+def _scheda(nome: str, campi: str):
+    """Record whose first field is the name, the others numbers in the order of the file."""
+    return make_dataclass(nome, [("Nome", str)] + [(c, float) for c in campi.split()])
 
 
-@dataclass
-class Acciaio:
-    Nome: str
-    Samm: float
-    Samm80: float
-    Fyk40: float
-    Ftk40: float
-    Fyk80: float
-    Ftk80: float
-    GammaM: float
-    GammaMT: float
+Profilo = _scheda("Profilo", "H B tw tf r")
+Acciaio = _scheda("Acciaio", "Samm Samm80 Fyk40 Ftk40 Fyk80 Ftk80 GammaM GammaMT")
+Vite = _scheda("Vite", "SammVite TauAmmVite FyVite FtVite ViteQuinto GammaMVite")
+
+_REALI = ("distAlaSecPiastra distPiastraTraPri distAliPriSec spSaldS1 spSaldS2").split()
+_TABELLE = ("BPiastra HPiastra SpPiastra SpNerv H1Nerv H2Nerv BNerv SmussoNerv Xbull Ybull Fibull "
+            "SforzoNormale TaglioY TaglioZ MomTorc MomY MomZ").split()
+_ALTRE_TABELLE = "AttNerv CasoCarico NomeSa".split()
 
 
-@dataclass
-class Vite:
-    Nome: str
-    SammVite: float
-    TauAmmVite: float
-    FyVite: float
-    FtVite: float
-    ViteQuinto: float
-    GammaMVite: float
-
-
-@dataclass
 class Nodo:
-    """One joint. Tables keep the numbering of the file: plates 1..2, ribs 1..3, bolts 1..nBull,
-    load sets 0..nSollAg-1."""
+    """One joint, with the names of its file. Tables are dicts that keep the numbering of the file:
+    plates 1..2, ribs 1..3, bolts 1..nBull, load sets 0..nSollAg-1. gioco is the clearance of a hole
+    over its bolt [mm]."""
 
-    TraPri: Profilo
-    TraSec: Profilo
-    acciaio: Acciaio
-    vite: Vite
-    gioco: float                                   # clearance of a hole over its bolt [mm]
-    distAlaSecPiastra: float = 0.0
-    distPiastraTraPri: float = 0.0
-    distAliPriSec: float = 0.0
-    BPiastra: dict = field(default_factory=dict)
-    HPiastra: dict = field(default_factory=dict)
-    SpPiastra: dict = field(default_factory=dict)
-    AttNerv: dict = field(default_factory=dict)
-    SpNerv: dict = field(default_factory=dict)
-    H1Nerv: dict = field(default_factory=dict)
-    H2Nerv: dict = field(default_factory=dict)
-    BNerv: dict = field(default_factory=dict)
-    SmussoNerv: dict = field(default_factory=dict)
-    spSaldS1: float = 0.0
-    spSaldS2: float = 0.0
-    nBull: int = 0
-    Xbull: dict = field(default_factory=dict)
-    Ybull: dict = field(default_factory=dict)
-    Fibull: dict = field(default_factory=dict)
-    nSollAg: int = 0
-    SforzoNormale: dict = field(default_factory=dict)
-    TaglioY: dict = field(default_factory=dict)
-    TaglioZ: dict = field(default_factory=dict)
-    MomTorc: dict = field(default_factory=dict)
-    MomY: dict = field(default_factory=dict)
-    MomZ: dict = field(default_factory=dict)
-    CasoCarico: dict = field(default_factory=dict)
-    NomeSa: dict = field(default_factory=dict)
-    TipoVer: int = 0
+    def __init__(self, TraPri: Profilo, TraSec: Profilo, acciaio: Acciaio, vite: Vite, gioco: float):
+        self.TraPri, self.TraSec = TraPri, TraSec
+        self.acciaio, self.vite, self.gioco = acciaio, vite, gioco
+        self.nBull = self.nSollAg = self.TipoVer = 0
+        for nome in _REALI:
+            setattr(self, nome, 0.0)
+        for nome in _TABELLE + _ALTRE_TABELLE:
+            setattr(self, nome, {})
 
     # Levels in plate coordinates: x = 0 on the axis, y = 0 at the lower edge of plate 1, which is
     # centred on the primary beam.
@@ -191,26 +147,19 @@ class Librerie:
     @staticmethod
     def _materiali(percorso):
         righe = righe_di(percorso)
-        acciai, viti = {}, {}
-        n = 0
-        while n < len(righe):
-            titolo = righe[n].upper()
-            n += 1
-            if "[ACCIAIO_DA_CARPENTERIA_SEZIONI_APERTE]" in titolo:
-                quanti = int(righe[n].split()[0])
-                n += 1
-                for _ in range(quanti):
-                    nome, numeri = righe[n], [float(v) for v in righe[n + 2].split()[:8]]
-                    acciai.setdefault(nome, Acciaio(nome, *numeri))
-                    n += 3
-            elif "[VITI]" in titolo:
-                quanti = int(righe[n].split()[0])
-                n += 1
-                for _ in range(quanti):
-                    nome, numeri = righe[n].strip(), [float(v) for v in righe[n + 1].split()[:6]]
-                    viti.setdefault(nome, Vite(nome, *numeri))
-                    n += 2
-        return acciai, viti
+
+        def gruppo(titolo, scheda, passo, quanti):
+            """Rows of a group: a name, and `quanti` numbers on the last of its `passo` lines."""
+            n = next(k for k, riga in enumerate(righe) if titolo in riga.upper()) + 1
+            tabella = {}
+            for prima in range(n + 1, n + 1 + passo * int(righe[n].split()[0]), passo):
+                nome = righe[prima] if passo == 3 else righe[prima].strip()
+                numeri = righe[prima + passo - 1].split()[:quanti]
+                tabella.setdefault(nome, scheda(nome, *map(float, numeri)))
+            return tabella
+
+        return (gruppo("[ACCIAIO_DA_CARPENTERIA_SEZIONI_APERTE]", Acciaio, 3, 8),
+                gruppo("[VITI]", Vite, 2, 6))
 
     @staticmethod
     def _giochi(percorso):
@@ -219,11 +168,6 @@ class Librerie:
         prima = gruppi + 2                       # count of groups, groups, count of rows, then the rows
         valori = [numero_iniziale(righe[prima + n].split("|")[0]) for n in (5, 6)]
         return valori[0], valori[1]
-
-
-_REALI = ("distAlaSecPiastra distPiastraTraPri distAliPriSec spSaldS1 spSaldS2").split()
-_TABELLE = ("BPiastra HPiastra SpPiastra SpNerv H1Nerv H2Nerv BNerv SmussoNerv Xbull Ybull Fibull "
-            "SforzoNormale TaglioY TaglioZ MomTorc MomY MomZ").split()
 
 
 def leggi_nodo(percorso, librerie: Librerie) -> Nodo:

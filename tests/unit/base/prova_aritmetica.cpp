@@ -18,19 +18,6 @@ double PerTesto(double x, int n) {
     return y;
 }
 
-TEST(Arrotonda, TiesGoToTheEvenNeighbourOfTheBinaryValue) {
-    EXPECT_EQ(Arrotonda(0.5, 0), 0.0);
-    EXPECT_EQ(Arrotonda(1.5, 0), 2.0);
-    EXPECT_EQ(Arrotonda(2.5, 0), 2.0);
-    EXPECT_EQ(Arrotonda(-2.5, 0), -2.0);
-    EXPECT_EQ(Arrotonda(0.125, 2), 0.12);
-    EXPECT_EQ(Arrotonda(0.375, 2), 0.38);
-    // 1.005 and 2.675 lie below the tie in binary, 1.115 above
-    EXPECT_EQ(Arrotonda(1.005, 2), 1.0);
-    EXPECT_EQ(Arrotonda(2.675, 2), 2.67);
-    EXPECT_EQ(Arrotonda(1.115, 2), 1.11);
-}
-
 TEST(Arrotonda, AgreesWithExactPrinting) {
     std::mt19937_64 g(1);
     std::uniform_real_distribution<double> mantissa(-1.0, 1.0);

@@ -20,15 +20,13 @@ namespace {
 using prova::Porta;
 using Testi = std::vector<std::string>;
 
-const char* const kSopra =
-    "Impossibile inserire bulloni nella porzione sopra la trave secondaria.\nModificare il "
-    "diametro dei bulloni o le dimensioni delle piastre.";
-const char* const kSotto =
-    "Impossibile inserire bulloni nella porzione sotto la trave secondaria.\nModificare il "
-    "diametro dei bulloni o le dimensioni delle piastre.";
-const char* const kALato =
-    "Impossibile inserire bulloni a lato dell'anima della trave secondaria.\nModificare il "
-    "diametro dei bulloni o le dimensioni delle piastre.";
+std::string Impossibile(const std::string& dove) {
+    return "Impossibile inserire bulloni " + dove +
+           " trave secondaria.\nModificare il diametro dei bulloni o le dimensioni delle piastre.";
+}
+const std::string kSopra = Impossibile("nella porzione sopra la"),
+                  kSotto = Impossibile("nella porzione sotto la"),
+                  kALato = Impossibile("a lato dell'anima della");
 const char* const kNonCompatibili =
     "Diametro dei bulloni e dimensioni delle piastre 'non compatibili'. Aumentare lo spessore "
     "delle piastre o le loro dimensioni o diminuire il diametro o la tolleranza foro/bullone";
@@ -152,18 +150,6 @@ TEST(Proponi, LargerJointByBothMethods) {
     }
 }
 
-TEST(Proponi, RepeatedItMakesDoublesThatGo) {
-    const NodoPtr n = NodoGrande();
-    BulloniTemp t;
-    Proponi(*n, OpzioniCon(2, 5), 16.0, t, PiattaformaMuta());
-    const BulloniTemp una = t;
-    Proponi(*n, OpzioniCon(2, 5), 16.0, t, PiattaformaMuta());
-    EXPECT_EQ(t.nBullTemp, 72);
-    EliminaDoppi(t);
-    EXPECT_EQ(t.nBullTemp, 36);
-    for (int i = 1; i <= 36; ++i) EXPECT_EQ(t.XbullTemp(i), una.XbullTemp(i));
-}
-
 // d0 = 20, thinner plate 12.
 TEST(LimitiPerProposta, ByMethodAndExposure) {
     const NodoPtr n = NodoGrande();
@@ -183,22 +169,23 @@ TEST(LimitiPerProposta, ByMethodAndExposure) {
         n->SpPiastra(1) = c.tMin;
         const LimitiProposta l = LimitiPerProposta(*n, OpzioniCon(3, 4.5), 17.0);
         SCOPED_TRACE(testing::Message() << c.tipo << " " << c.esposizione << " " << c.tMin);
-        EXPECT_EQ(l.d0, 20.0);
-        EXPECT_EQ(l.Rf, 10.0);
-        EXPECT_EQ(l.distSald, 4.5);
-        EXPECT_EQ(l.tMin, c.tMin);
-        EXPECT_DOUBLE_EQ(l.eMinX, c.eMinX);
-        EXPECT_DOUBLE_EQ(l.eMinY, c.eMinY);
-        EXPECT_DOUBLE_EQ(l.eMaxX, c.eMax);
-        EXPECT_DOUBLE_EQ(l.eMaxY, c.eMax);
-        EXPECT_DOUBLE_EQ(l.eMax2X, c.eMax2);
-        EXPECT_DOUBLE_EQ(l.eMax2Y, c.eMax2);
-        EXPECT_DOUBLE_EQ(l.passoMinX, c.passoX);
-        EXPECT_DOUBLE_EQ(l.passoMinY, c.passoY);
-        EXPECT_DOUBLE_EQ(l.passoMax, c.passoMax);
-        EXPECT_EQ(l.comune.xMin, -130.0);
-        EXPECT_NEAR(l.comune.yMin, 1.7, 1e-9);
-        EXPECT_NEAR(l.comune.yMax, 441.7, 1e-9);
+        const std::pair<double, double> valori[] = {{l.d0, 20},
+                                                    {l.Rf, 10},
+                                                    {l.distSald, 4.5},
+                                                    {l.tMin, c.tMin},
+                                                    {l.eMinX, c.eMinX},
+                                                    {l.eMinY, c.eMinY},
+                                                    {l.eMaxX, c.eMax},
+                                                    {l.eMaxY, c.eMax},
+                                                    {l.eMax2X, c.eMax2},
+                                                    {l.eMax2Y, c.eMax2},
+                                                    {l.passoMinX, c.passoX},
+                                                    {l.passoMinY, c.passoY},
+                                                    {l.passoMax, c.passoMax},
+                                                    {l.comune.xMin, -130},
+                                                    {l.comune.yMin, 1.7},
+                                                    {l.comune.yMax, 441.7}};
+        for (const auto& [avuto, atteso] : valori) EXPECT_NEAR(avuto, atteso, 1e-9);
     }
 }
 

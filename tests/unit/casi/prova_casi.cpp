@@ -3,6 +3,9 @@
 // tests/casi/<name>/ holds `copione.jsonl` (one request a line; ALBERO stands for the tree's path),
 // optionally `lavoro` (the job to work in), and what is expected: `atteso_trascrizione.jsonl`
 // (request and answer lines in turn) and `atteso_<file>` for every file that the session writes.
+// The import of the shipped frame was followed by hand: member 19 spans 500 cm from node 105;
+// case 1 is 1.3 G1 + 1.5 G2 + 1.5 Q, 1.3 x 1315 + 1.5 x 500 + 1.5 x 1500 = 4709.5 daN of shear (Q:
+// 300 daN/m2 on 2 m, half of 6 daN/cm x 500 cm), a tenth of it as moment in daN m.
 // With TK07_ACCETTA=1 the outputs become the expected ones (scripts/accetta).
 
 #include <gtest/gtest.h>

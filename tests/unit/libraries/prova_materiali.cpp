@@ -205,11 +205,9 @@ TEST(Acciai, ValidityListAndReplacement) {
     EXPECT_TRUE(porta.detti.empty());
     // the replacement is row 4 of the table: a position that the list of three does not have
     EXPECT_EQ(scegli(Metodo::TA, "S 355 N", n), -1);
-    ASSERT_EQ(porta.Testi().size(), 1u);
-    EXPECT_EQ(porta.detti[0].titolo, "ATTENZIONE!");
-    EXPECT_EQ(porta.detti[0].segno, Segno::esclamazione);
-    EXPECT_EQ(porta.detti[0].testo,
-              "Materiale non possibile per verifiche alle tensioni ammissibili. Verrà impostato un "
+    EXPECT_EQ(porta.Prendi(),
+              "!|ATTENZIONE!|Materiale non possibile per verifiche alle tensioni ammissibili. "
+              "Verrà impostato un "
               "altro tipo di acciaio.\rDa questo momento in poi il materiale impostato sarà "
               "ricordato anche se si cambia il metodo di verifica.");
     // "S 275" is part of row 3, position 2, and position 2 of the list is another steel
@@ -221,12 +219,12 @@ TEST(Acciai, ValidityListAndReplacement) {
     EXPECT_EQ(scegli(Metodo::SLU, "S 275 vecchio", n), 0);
     EXPECT_TRUE(Contiene(porta.detti.at(0).testo, "per verifiche agli stati limite."));
 
+    porta.detti.clear();
     EXPECT_EQ(CercaAcciaioDaNome(m, "s 355", porta.Fai()), 0);
-    EXPECT_TRUE(porta.HaDetto("Tipo acciaio non trovato."));
-    EXPECT_EQ(porta.detti.back().titolo, "RICERCA TIPO ACCIAIO DA NOME");
     EXPECT_EQ(CercaViteDaNome(m, "8.8", porta.Fai()), 0);
-    EXPECT_TRUE(porta.HaDetto("Tipo vite non trovato."));
-    EXPECT_EQ(porta.detti.back().titolo, "RICERCA TIPO VITE DA NOME");
+    EXPECT_EQ(porta.Prendi(),
+              "x|RICERCA TIPO ACCIAIO DA NOME|Tipo acciaio non trovato.\n"
+              "x|RICERCA TIPO VITE DA NOME|Tipo vite non trovato.");
     EXPECT_EQ(CercaAcciaioDaNome(m, "S 355", porta.Fai()), 4);
 }
 
@@ -278,16 +276,14 @@ TEST(MaterialiBase, KeysAndReleaseStamp) {
     EXPECT_TRUE(porta.detti.empty());
     leggi("ARGANOWIN [ReleaseQuestoFile=2]\nS 1 [ACC_CARP_1_TIPO]\n");
     EXPECT_FALSE(m.Base.MatBaseValidi);
-    EXPECT_EQ(porta.detti.at(0).testo,
-              "Materiali base non corretti. Aprire 'Materiali base' dal pannello principale di "
-              "Argano e salvarli");
-    EXPECT_EQ(porta.detti[0].titolo, "ATTENZIONE!");
+    EXPECT_TRUE(Contiene(porta.Prendi(),
+                         "|ATTENZIONE!|Materiali base non corretti. Aprire 'Materiali base' dal "
+                         "pannello principale di Argano e salvarli"));
     LeggiMaterialiBase("manca", m, porta.Fai());
     EXPECT_FALSE(m.Base.MatBaseValidi);
-    EXPECT_EQ(porta.detti.at(1).testo,
-              "Materiali Base non impostati, specificare un materiale nell'apposita sezione");
-    EXPECT_EQ(porta.detti[1].titolo, kTitoloProgramma);
-    EXPECT_EQ(porta.detti[1].segno, Segno::esclamazione);
+    EXPECT_EQ(porta.Prendi(), std::string("!|") + kTitoloProgramma +
+                                  "|Materiali Base non impostati, specificare un materiale "
+                                  "nell'apposita sezione");
 }
 
 TEST(MaterialiBase, PersonalisedOnesAreRefusedWhereTheirGroupIsInUse) {

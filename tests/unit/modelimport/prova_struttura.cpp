@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/file_testo.h"
+#include "base/testo.h"
 #include "modelimport/cerca_aste.h"
 #include "modelimport/combinazioni.h"
 #include "modelimport/liste.h"
@@ -36,13 +37,13 @@ struct Modello : testing::Test {
         EXPECT_EQ(LeggiStruttura(c.Testo(), nodo, a, StrVecchia::termina, p), atteso);
         return a;
     }
-    // The only box since the last call.
-    prova::Detto UnMessaggio() {
+    // The only box since the last call: sign, title and text, or one of the two.
+    std::string Detto() {
         EXPECT_EQ(porta.detti.size(), 1u);
-        const prova::Detto d = porta.detti.empty() ? prova::Detto{} : porta.detti.back();
-        porta.detti.clear();
-        return d;
+        return porta.Prendi();
     }
+    std::string Testo() { return Dividi(Detto(), '|').at(2); }
+    std::string Titolo() { return Dividi(Detto(), '|').at(1); }
 };
 
 TEST(Liste, WhatIsAListAndWhatIsNot) {
@@ -105,18 +106,15 @@ TEST_F(Modello, DescriptionLinesMayBeNone) {
 TEST_F(Modello, FaultsOfTheStructureAreToldAndFillNothing) {
     Nodi({102});
     EXPECT_TRUE(Aste({11}, EsitoStr::errore).asteRecord.empty());
-    prova::Detto d = UnMessaggio();
-    EXPECT_EQ(d.testo, "File struttura errato o mancante");
-    EXPECT_EQ(d.titolo, kTitoloProgramma);
-    EXPECT_EQ(d.segno, Segno::critico);
+    EXPECT_EQ(Detto(), std::string("x|") + kTitoloProgramma + "|File struttura errato o mancante");
 
     Scrivi("STRUTTUR.STR", Struttura());
     Nodi({102, 104});
     Aste({11}, EsitoStr::errore);
-    EXPECT_EQ(UnMessaggio().testo, "Uno o più nodi inesistenti");
+    EXPECT_EQ(Testo(), "Uno o più nodi inesistenti");
     Nodi({102});
     EXPECT_TRUE(Aste({11, 13}, EsitoStr::errore).asteRecord.empty());
-    EXPECT_EQ(UnMessaggio().testo, "Mancata corrispondenza fra aste e nodi");
+    EXPECT_EQ(Testo(), "Mancata corrispondenza fra aste e nodi");
 
     // Cut short, or with counts that the file does not hold.
     const std::string buona = Struttura();
@@ -127,22 +125,19 @@ TEST_F(Modello, FaultsOfTheStructureAreToldAndFillNothing) {
           std::string("release\n0\n1\n5\n102\n2147483647\n5 5\n11\n")}) {
         Scrivi("STRUTTUR.STR", testo);
         EXPECT_TRUE(Aste({11}, EsitoStr::errore).asteRecord.empty()) << testo;
-        EXPECT_EQ(UnMessaggio().testo, "File struttura errato o mancante") << testo;
+        EXPECT_EQ(Testo(), "File struttura errato o mancante") << testo;
     }
     // Counts below 0 are none: no node of the list is there.
     Scrivi("STRUTTUR.STR", "release\n-3\n-1\n-1\n");
     Aste({11}, EsitoStr::errore);
-    EXPECT_EQ(UnMessaggio().testo, "Uno o più nodi inesistenti");
+    EXPECT_EQ(Testo(), "Uno o più nodi inesistenti");
 }
 
 TEST_F(Modello, AnOldStampEndsTheProgramOrReadsOneLineTooHigh) {
     Scrivi("STRUTTUR.STR", Struttura("Versione 3.8"));
     Nodi({102});
     Aste({11}, EsitoStr::fineProgramma);
-    const prova::Detto d = UnMessaggio();
-    EXPECT_EQ(d.testo, kVecchia);
-    EXPECT_EQ(d.titolo, "ATTENZIONE!");
-    EXPECT_EQ(d.segno, Segno::critico);
+    EXPECT_EQ(Detto(), std::string("x|ATTENZIONE!|") + kVecchia);
 
     // Line 1 gives 1 description line ("2"), then one node: what was meant as 2 counts is skipped.
     Scrivi("STRUTTUR.STR", "1 vecchia\n2\n1\n5\n102\n1\n8 5\n11\n");
@@ -150,7 +145,7 @@ TEST_F(Modello, AnOldStampEndsTheProgramOrReadsOneLineTooHigh) {
     a.asteLista = {11};
     EXPECT_EQ(LeggiStruttura(c.Testo(), nodo, a, StrVecchia::prosegui, p), EsitoStr::bene);
     EXPECT_EQ(a.asteEstremo, Voci{2});
-    EXPECT_EQ(UnMessaggio().testo, kVecchia);
+    EXPECT_EQ(Testo(), kVecchia);
     Scrivi("STRUTTUR.STR", "STRUTTURA, RELEASE 18\n0\n1\n5\n102\n0\n");
     Aste({});
     EXPECT_TRUE(porta.detti.empty());
@@ -160,12 +155,9 @@ TEST_F(Modello, SectionAndLoadConditions) {
     int x = 0;
     EXPECT_EQ(SezioneAsta(c.Testo(), 11, x, StrVecchia::termina, p), EsitoStr::errore);
     EXPECT_EQ(x, -1);
-    const prova::Detto d = UnMessaggio();
-    EXPECT_EQ(d.testo, "Errore in lettura del file STRUTTUR.STR");
-    EXPECT_EQ(d.titolo, "ARGANOWIN");
-    EXPECT_EQ(d.segno, Segno::esclamazione);
+    EXPECT_EQ(Detto(), "!|ARGANOWIN|Errore in lettura del file STRUTTUR.STR");
     EXPECT_EQ(NumeroCondizioni(c.Testo(), x, StrVecchia::termina, p), EsitoStr::errore);
-    EXPECT_EQ(UnMessaggio().testo, "ERRORE: STRUTTUR.STR errato o mancante");
+    EXPECT_EQ(Testo(), "ERRORE: STRUTTUR.STR errato o mancante");
 
     Scrivi("STRUTTUR.STR", Struttura());
     for (const auto& [asta, sezione] : {std::pair{11, 2}, {12, 0}, {13, -1}, {14, -1}}) {
@@ -211,23 +203,20 @@ TEST_F(Modello, MembersAtANodeByNameColourAndLine) {
     f.nodo = 250;
     EXPECT_EQ(CercaAste(c.Testo(), f, StrVecchia::prosegui, lista, p), EsitoStr::errore);
     EXPECT_EQ(lista, "12,13");
-    EXPECT_EQ(UnMessaggio().testo,
+    EXPECT_EQ(Testo(),
               "Non esiste nessuna asta corrispondente alle caratteristiche selezionate \n"
               "che concorra nel nodo 250");
     std::filesystem::remove(c / "STRUTTUR.STR");
     EXPECT_EQ(CercaAste(c.Testo(), f, StrVecchia::prosegui, lista, p), EsitoStr::errore);
-    const prova::Detto d = UnMessaggio();
-    EXPECT_EQ(d.testo, "Errore: file " + (c / "STRUTTUR.STR").string() + " errato o mancante.");
-    EXPECT_EQ(d.titolo, "ERRORE");
+    EXPECT_EQ(Detto(),
+              "x|ERRORE|Errore: file " + (c / "STRUTTUR.STR").string() + " errato o mancante.");
 }
 
 TEST_F(Modello, CasesSuitedToAMethod) {
     const std::string nome = (c / "combinaz.tot").string();
     Combinazioni comb;
     EXPECT_FALSE(LeggiCombinazioni(c.Testo(), comb, p));
-    prova::Detto d = UnMessaggio();
-    EXPECT_EQ(d.testo, "Errore: file " + nome + " errato o mancante.");
-    EXPECT_EQ(d.titolo, "ERRORE");
+    EXPECT_EQ(Detto(), "x|ERRORE|Errore: file " + nome + " errato o mancante.");
 
     // Items over several lines, by commas, quoted; a number alone on its line whose key is on the
     // third line behind it; a case without a kind.
@@ -251,11 +240,11 @@ TEST_F(Modello, CasesSuitedToAMethod) {
         Scrivi("combinaz.tot", testo);
         EXPECT_FALSE(LeggiCombinazioni(c.Testo(), comb, p)) << testo;
         EXPECT_TRUE(comb.casiNumero.empty());
-        EXPECT_EQ(UnMessaggio().titolo, "ERRORE");
+        EXPECT_EQ(Titolo(), "ERRORE");
     }
     Scrivi("combinaz.tot", "2001\n");
     EXPECT_FALSE(LeggiCombinazioni(c.Testo(), comb, p));
-    EXPECT_EQ(UnMessaggio().testo, "Errore: numero di combinazioni eccessivo");
+    EXPECT_EQ(Testo(), "Errore: numero di combinazioni eccessivo");
 }
 
 TEST_F(Modello, SectionsOfTheModelInTheLibrary) {
@@ -269,16 +258,14 @@ TEST_F(Modello, SectionsOfTheModelInTheLibrary) {
     };
     // The structure file is missing: told once, and that is all.
     EXPECT_EQ(applica(11, 12), EsitoStr::errore);
-    EXPECT_EQ(UnMessaggio().titolo, "ARGANOWIN");
+    EXPECT_EQ(Titolo(), "ARGANOWIN");
 
     Scrivi("STRUTTUR.STR", Struttura());
     EXPECT_EQ(applica(13, 99), EsitoStr::bene);  // neither has a section
     EXPECT_TRUE(porta.detti.empty());
     EXPECT_EQ(applica(11, 12), EsitoStr::errore);
-    prova::Detto d = UnMessaggio();
-    EXPECT_EQ(d.testo, "Errore: file " + (c / "sezioni_").string() + " errato o mancante.");
-    EXPECT_EQ(d.titolo, "ERRORE");
-    EXPECT_EQ(d.segno, Segno::esclamazione);
+    EXPECT_EQ(Detto(),
+              "!|ERRORE|Errore: file " + (c / "sezioni_").string() + " errato o mancante.");
 
     // Member 12 has section 0, member 11 section 2.
     const std::string righe = "\n1,\"TIPOVER\"\n\n  c\nd\n";
@@ -290,10 +277,7 @@ TEST_F(Modello, SectionsOfTheModelInTheLibrary) {
     EXPECT_TRUE(porta.detti.empty());
     EXPECT_EQ(applica(13, 12), EsitoStr::bene);
     EXPECT_EQ(t.TraPri, 0);
-    d = UnMessaggio();
-    EXPECT_EQ(d.testo, "Il profilo della trave principale non è applicabile");
-    EXPECT_EQ(d.titolo, "INFORMAZIONE");
-    EXPECT_EQ(d.segno, Segno::critico);
+    EXPECT_EQ(Detto(), "x|INFORMAZIONE|Il profilo della trave principale non è applicabile");
     // One section only: the position 2 has no name. Lower case is another name.
     Scrivi("sezioni_", "1\n1,\"ipe200\",0" + righe);
     EXPECT_EQ(applica(12, 11), EsitoStr::bene);
@@ -304,7 +288,7 @@ TEST_F(Modello, SectionsOfTheModelInTheLibrary) {
     for (const char* testo : {"", "tre\n", "2000000000\n1,\"a\",0\n", "3\nx,\"a\",0\n"}) {
         Scrivi("sezioni_", testo);
         EXPECT_EQ(applica(11, 12), EsitoStr::errore) << testo;
-        EXPECT_EQ(UnMessaggio().titolo, "ERRORE");
+        EXPECT_EQ(Titolo(), "ERRORE");
     }
 }
 
@@ -346,21 +330,17 @@ TEST_F(Ricerca, MembersThroughTheTool) {
 
     parte = false;
     EXPECT_FALSE(ChiamaTrova(d, "t", 3, lista, p));
-    prova::Detto m = UnMessaggio();
-    EXPECT_EQ(m.testo, "Problemi con l'apertura dell'applicazione di ricerca");
-    EXPECT_EQ(m.titolo, "Errore");
-    EXPECT_EQ(m.segno, Segno::critico);
+    EXPECT_EQ(Detto(), "x|Errore|Problemi con l'apertura dell'applicazione di ricerca");
 
     porta.programmi.clear();
     d.dirLavoro = c.Testo() + "\\non_esiste";
     NodiTrovati n;
     EXPECT_FALSE(ChiamaTrova(d, "t", 3, lista, p));
-    m = UnMessaggio();
-    EXPECT_EQ(m.testo,
-              "Impossibile scrivere il file di ingresso. Specificare l'elemento da selezionare");
-    EXPECT_EQ(m.titolo, "ATTENZIONE!");
+    EXPECT_EQ(Detto(),
+              "!|ATTENZIONE!|Impossibile scrivere il file di ingresso. Specificare "
+              "l'elemento da selezionare");
     EXPECT_FALSE(ChiamaTrovaNod(d, "t", n, p));
-    EXPECT_EQ(UnMessaggio().titolo, "ATTENZIONE");
+    EXPECT_EQ(Titolo(), "ATTENZIONE");
     EXPECT_TRUE(porta.programmi.empty());
 }
 

@@ -149,30 +149,12 @@ TEST(Schema, AClickFlagsItsFieldUntilTheTimerFires) {
 // gamma 1.25, 373 and 264 allowable. Case II: x 1.125. daN/cm2 with 1 decimal, N/mm2 with 2, halves
 // to even.
 TEST(PropMateriali, LabelsByHandInBothUnits) {
-    const std::tuple<const char*, const char*, const char*> casi[] = {
-        {"Unit", "[daN/cm2]", "[N/mm2]"},
-        {"fkLabel", "2350", "235"},
-        {"gMLabel", "1.05", "1.05"},
-        {"gMTLabel", "1.25", "1.25"},
-        {"fdLabel", "2238.1", "223.81"},
-        {"fdtLabel", "1880", "188"},
-        {"fd40Label", "2047.6", "204.76"},
-        {"fdt40Label", "1720", "172"},
-        {"SAmmILabel", "1600", "160"},
-        {"SAmmIILabel", "1800", "180"},
-        {"fyVitiLabel", "6400", "640"},
-        {"gMVitiLabel", "1.25", "1.25"},
-        {"fydVitilabel", "5120", "512"},
-        {"ftVitiLabel", "8000", "800"},
-        {"ftdVitiLabel", "6400", "640"},
-        {"SAmmIVitiLabel", "3730", "373"},
-        {"SAmmIIVitiLabel", "4196.2", "419.62"},
-        {"TauAmmIVitiLabel", "2640", "264"},
-        {"TauAmmIIVitiLabel", "2970", "297"},
-        {"FrameAcc", "Acciaio profili e piastre - [NTC08 11.3.4.1] - Tipo S 235 (FE 360)",
-         "Acciaio profili e piastre - [NTC08 11.3.4.1] - Tipo S 235 (FE 360)"},
-        {"FrameBull", "Bulloni - [NTC08 11.3.4.6.1] - Classe 8.8",
-         "Bulloni - [NTC08 11.3.4.6.1] - Classe 8.8"}};
+    const std::string casi =
+        "Unit [daN/cm2] [N/mm2] fkLabel 2350 235 gMLabel 1.05 1.05 gMTLabel 1.25 1.25 "
+        "fdLabel 2238.1 223.81 fdtLabel 1880 188 fd40Label 2047.6 204.76 fdt40Label 1720 172 "
+        "SAmmILabel 1600 160 SAmmIILabel 1800 180 fyVitiLabel 6400 640 gMVitiLabel 1.25 1.25 "
+        "fydVitilabel 5120 512 ftVitiLabel 8000 800 ftdVitiLabel 6400 640 SAmmIVitiLabel 3730 373 "
+        "SAmmIIVitiLabel 4196.2 419.62 TauAmmIVitiLabel 2640 264 TauAmmIIVitiLabel 2970 297";
     Banco b;
     Sessione& s = b.S();
     const Pannello& p = s.PropMateriali;
@@ -180,9 +162,13 @@ TEST(PropMateriali, LabelsByHandInBothUnits) {
         if (newton) LeggiParametriLavoro(b.radice + "/lavori/unitkn/parametrilavoro", s.unita);
         ImpostaUnita(s.unita);
         b.Recita("P PropMatButton");
-        for (const auto& [nome, daN, N] : casi) {
+        std::istringstream righe(casi);
+        for (std::string nome, daN, N; righe >> nome >> daN >> N;) {
             EXPECT_EQ(Taglia(p[nome].testo), newton ? N : daN) << nome;
         }
+        EXPECT_EQ(p["FrameAcc"].testo,
+                  "Acciaio profili e piastre - [NTC08 11.3.4.1] - Tipo S 235 (FE 360)");
+        EXPECT_EQ(p["FrameBull"].testo, "Bulloni - [NTC08 11.3.4.6.1] - Classe 8.8");
         for (const char* cornice : {"FrameAccPia", "FrameTir", "FrameCls"}) {
             EXPECT_FALSE(p[cornice].visibile) << cornice;
         }

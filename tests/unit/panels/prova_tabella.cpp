@@ -74,25 +74,6 @@ TEST(EliminaDoppiSoll, OfAPairTheOneFoundSecondGoes) {
     }
 }
 
-// Q holds the least N, P the greatest N (T only equals it) and the greatest of the rest, S their
-// least; R is alone in the second family. Twelve each, then the doubles go as above.
-TEST(MaxMinSoll, ByFamilyAndTheEarlierOfATie) {
-    const auto n = std::make_unique<Nodo>();
-    Metti(*n, {Sest("R", 7, 7, 2), Sest("P", 10, 1), Sest("T", 10, .5), Sest("Q", -5, 1),
-               Sest("S", 10, 0), Sest("s", 10, 0)});
-    MaxMinSoll(*n);
-    EXPECT_EQ(Prendi(*n),
-              (Righe{Sest("Q", -5, 1), Sest("P", 10, 1), Sest("S", 10, 0), Sest("R", 7, 7, 1)}));
-    for (const short caso : {short{0}, short{1}}) {
-        Metti(*n, {Sest("uno", 4, -4, caso)});
-        MaxMinSoll(*n);
-        EXPECT_EQ(Prendi(*n), Righe{Sest("uno", 4, -4, caso)});
-    }
-    Metti(*n, {});
-    MaxMinSoll(*n);
-    EXPECT_EQ(n->nSollAg, 0);
-}
-
 TEST(VagliaMaxMinSoll, SlotPairsInTheImportsOrder) {
     const auto n = std::make_unique<Nodo>();
     PreparaMaxMinSoll(*n);
@@ -286,11 +267,10 @@ TEST(PannelloCarichi, AnySequenceEqualsThatOnAPlainList) {
             }
         } else if (cosa < 34) {
             esito = PremiPulsante(s, "RimuoviTutteSoll");
-            EXPECT_TRUE(
-                p.porta.HaDetto("Rimozione totale dei dati relativi alle sollecitazioni agenti?"));
-            EXPECT_EQ(p.porta.detti.at(0).titolo, "ATTENZIONE!");
-            EXPECT_EQ(p.porta.detti[0].segno, Segno::domanda);
-            EXPECT_EQ(p.porta.detti[0].pulsanti, Pulsanti::OKAnnulla);
+            EXPECT_EQ(p.porta.detti.at(0).pulsanti, Pulsanti::OKAnnulla);
+            EXPECT_EQ(p.porta.Prendi(),
+                      "?|ATTENZIONE!|Rimozione totale dei dati relativi alle sollecitazioni "
+                      "agenti?");
             if (!annulla) {
                 m.v.clear();
                 m.Mostra(-1);
@@ -369,9 +349,7 @@ TEST(PannelloCarichi, WindowAtTheEndOfTheBarLimitAndRefusals) {
     EXPECT_TRUE(p.porta.detti.empty());
     PremiPulsante(s, "Bt_agg_sing_sol");
     EXPECT_EQ(s.nodo.nSollAg, 498);
-    ASSERT_TRUE(p.porta.HaDetto("E' stato raggiunto il numero massimo di sollecitazioni."));
-    EXPECT_EQ(p.porta.detti[0].titolo, "ERRORE");
-    EXPECT_EQ(p.porta.detti[0].segno, Segno::critico);
+    EXPECT_EQ(p.porta.Prendi(), "x|ERRORE|E' stato raggiunto il numero massimo di sollecitazioni.");
     EXPECT_NE(Scorri(s, "VScrollSoll", 494), "");
     EXPECT_EQ(Scorri(s, "VScrollSoll", 493), "");
     EXPECT_EQ(numeri(), "494495496497498");

@@ -8,13 +8,7 @@
 namespace tk07 {
 namespace {
 
-Unita UnitaDa(const char* forze, const char* momenti, const char* tensioni) {
-    Unita u;
-    u.UnitaForze = forze, u.UnitaMomenti = momenti, u.UnitaTensioni = tensioni;
-    ImpostaUnita(u);
-    return u;
-}
-Unita UnitaDiLavoro() { return UnitaDa("daN", "daN*cm", "daN/cm2"); }
+using prova::UnitaDiLavoro;
 
 // Five bolts, two load sets of which the second fails.
 Nodo NodoDellaRelazione(Metodo metodo) {
@@ -53,12 +47,6 @@ std::string RigaDi(const std::string& testo, const std::string& inizio,
         if (r.compare(0, inizio.size(), inizio) == 0) return r;
     }
     return "manca: " + inizio;
-}
-
-int Quante(const std::string& testo, const std::string& cosa) {
-    int q = 0;
-    for (std::size_t i = testo.find(cosa); i != std::string::npos; i = testo.find(cosa, i + 1)) ++q;
-    return q;
 }
 
 // Read line by line. Figures checked by a calculation apart, with the contact summed over small
@@ -189,23 +177,23 @@ TEST(Relazioni, ASteelThatIsNotKnownFailsEveryWeld) {
     std::string t = r.Testo();
     EXPECT_EQ(RigaDi(t, "s5  |"),
               "s5  |     0.|   14.9|     .8|   14.9|     .8|     0.|     0.| NO|");
-    EXPECT_EQ(Quante(t, "| NO|"), 30);
-    EXPECT_EQ(Quante(t, "|SI'|"), 5 + 2);
+    EXPECT_EQ(prova::Quante(t, "| NO|"), 30);
+    EXPECT_EQ(prova::Quante(t, "|SI'|"), 5 + 2);
     EXPECT_FALSE(r.ris.NodoVerificato);
     Relazione a(Metodo::TA);
     a.n.nSollAg = 1;
     a.n.acciaio.Nome = "S 235";
     t = a.Testo();
     EXPECT_EQ(RigaDi(t, "S_id_adm"), "S_id_adm sald\t0");
-    EXPECT_EQ(Quante(t, "\tNO ****\n"), 30);
-    EXPECT_EQ(Quante(t, "\tSI'\n"), 5 + 2);
+    EXPECT_EQ(prova::Quante(t, "\tNO ****\n"), 30);
+    EXPECT_EQ(prova::Quante(t, "\tSI'\n"), 5 + 2);
     // the other steels of the method: 0.7 of Samm
     a.n.acciaio.Nome = "S 355 (Fe 510)";
     EXPECT_EQ(RigaDi(a.Testo(), "S_id_adm"), "S_id_adm sald\t 1120");
 }
 
 TEST(Relazioni, UnitsOfTheUser) {
-    const Unita u = UnitaDa("kN", "kN*m", "N/mm2");
+    const Unita u = prova::UnitaDa("kN", "kN*m", "N/mm2");
     Relazione r(Metodo::SLU);
     std::string t = r.Testo(u);
     EXPECT_TRUE(Contiene(t, "\nUNITA' DI MISURA: [kN] ; [kN*m] ; [N/mm2] ; [mm]\n"));
@@ -246,10 +234,10 @@ TEST(Relazioni, RowsThatDependOnTheJoint) {
             t, slu ? "\n1  | 370.2| 370.2|  200.| 15.|\n" : "\n1\t 370.2\t 370.2\t 200\t 15\n"));
         // s5, s7 and the ribs' lines have no length; s10' is written although it has no stress
         for (const char* linea : {"\ns5", "\ns7", "\ns12", "\ns13", "\ns14", "\ns15"}) {
-            EXPECT_EQ(Quante(t, linea), 0) << linea;
+            EXPECT_EQ(prova::Quante(t, linea), 0) << linea;
         }
         EXPECT_EQ(RigaDi(t, "s10'").find(slu ? "s10'|     0.|" : "s10'\t 0\t"), 0u);
-        EXPECT_EQ(Quante(t, "\ns"), 2 * 9);
+        EXPECT_EQ(prova::Quante(t, "\ns"), 2 * 9);
     }
 }
 

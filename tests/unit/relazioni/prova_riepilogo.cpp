@@ -27,12 +27,6 @@ std::vector<std::string> PartiPerSestetto(const std::string& testo) {
     return parti;
 }
 
-int Quante(const std::string& testo, const std::string& cosa) {
-    int q = 0;
-    for (std::size_t i = testo.find(cosa); i != std::string::npos; i = testo.find(cosa, i + 1)) ++q;
-    return q;
-}
-
 int OltreUno(const RigaRiepilogo& r) {
     int q = 0;
     for (const double x : r.elementi.bulloni) q += x > 1.0;
@@ -60,7 +54,7 @@ TEST(Riepilogo, ConcordaConLaRelazione) {
             const bool no = Contiene(parti[s], "ATTENZIONE: NODO NON VERIFICATO");
             EXPECT_EQ(prima.righe[s].Rapporto() > 1.0, no);
             EXPECT_EQ(prima.righe[s].Verificato(), !no);
-            EXPECT_EQ(OltreUno(prima.righe[s]), Quante(parti[s], slu ? "| NO|" : "NO ****"));
+            EXPECT_EQ(OltreUno(prima.righe[s]), prova::Quante(parti[s], slu ? "| NO|" : "NO ****"));
             EXPECT_EQ(prima.righe[s].Rapporto(), dopo.righe[s].Rapporto());
             (no ? falliscono : passano)++;
         }

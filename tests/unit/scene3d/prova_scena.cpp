@@ -147,10 +147,7 @@ TEST(Sezioni, OriginsAndRefusals) {
               "poligono: puntatore fuori limite.|rettangolare: puntatore fuori limite.|"
               "circolare: puntatore fuori limite.|quarto di cerchio: puntatore fuori limite.|");
     EXPECT_EQ(porta.Testi()[0], "Inserisci sezione poligono: dati errati.");
-    for (const prova::Detto& d : porta.detti) {
-        EXPECT_EQ(d.titolo, "VISUALIZZATORE 3D (TK07 )");
-        EXPECT_EQ(d.segno, Segno::esclamazione);
-    }
+    EXPECT_TRUE(porta.Tutti(Segno::esclamazione, "VISUALIZZATORE 3D (TK07 )"));
 }
 
 TEST(Scena, EqualSectionsAreOneAndTheTablesHaveLimits) {

@@ -9,32 +9,11 @@ using prova::LeggiTesto;
 using prova::SessioneDiProva;
 using Json = nlohmann::json;
 
-// IPE270: 270x135x6.6x10.2 r15; IPE160: 160x82x5x7.4 (mm); worked by hand.
+// The joint itself stands in the golden session.
 TEST(Avvio, ShowsTheDefaultJointWithoutABox) {
     Copione c;
     c.Avvia(R"x(
 = titolo 'TK07 - NODO TRAVE - TRAVE CON PIASTRE - LPZ ARGANO e quanta KX 18 - @/lavori/esempi/Nuovo.tk7'
-= nodo/TraPri_Nome 'IPE270'
-= nodo/TraSec_Nome 'IPE160'
-= nodo/BPiastra [135, 120]
-= nodo/HPiastra [249, 270]
-= nodo/SpPiastra [10, 10]
-= nodo/distAlaSecPiastra 55
-= nodo/distAliPriSec 55
-= nodo/distPiastraTraPri 0
-= nodo/AttNerv [true, true, false]
-= nodo/H1Nerv [55, 55, 249.6]
-= nodo/H2Nerv [36, 36, 249.6]
-= nodo/BNerv [80, 80, 54.2]
-= nodo/SpNerv [5, 5, 5]
-= nodo/SmussoNerv [0, 0, 15]
-= nodo/spSaldS1 10
-= nodo/spSaldS2 10
-= nodo/nBull 0
-= nodo/nSollAg 0
-= nodo/vite_Nome '8.8'
-= nodo/acciaio_Nome 'S 235 (FE 360)'
-= nodo/TipoVer 1
 = pan/TraveP/testo 'IPE270'
 = pan/geoms(3)/testo '7.4'
 = pan/GeoPias1/testo '249'
@@ -46,8 +25,6 @@ TEST(Avvio, ShowsTheDefaultJointWithoutABox) {
 = pan/FrameSoll/testo 'Sollecitazioni agenti [daN,cm]'
 = pan/betatest_c/visibile false
 = pan/VScrollSoll/abilitato false
-> {'premi':'Bt_salva'}
-esiste Nuovo.tk7
 )x");
     EXPECT_EQ(c.p->LaSessione().titoloRicercaNodi,
               "NODO TRAVE - TRAVE CON PIASTRE - IMPORTA SOLLECITAZIONI 3D - Cerca nodi");
@@ -57,23 +34,16 @@ esiste Nuovo.tk7
     EXPECT_EQ(ComponiTitolo("/a/", ""), capo + " - /a");
 }
 
-// b = (B - tw) / 2 + distance - plate 1, h = H - 2 tf, chamfer r rounded up: HEA300 is
-// 290x300x8.5x14 r27, HP305x79 is 299.3x306.4x11x11.1 r15.2.
+// b = (B - tw) / 2 + distance - plate 1, h = H - 2 tf, chamfer r rounded up: HP305x79 is
+// 299.3x306.4x11x11.1 r15.2.
 TEST(Nervatura3, FollowsFromTheMainBeamAndPlate1) {
     Copione c;
     c.Avvia(R"x(
-> {'campo':'TextQuota(1)','testo':'5'}
+> {'campo':'TextQuota(1)','testo':'-30'}
 > {'campo':'GeoPias(2)','testo':'20'}
 > {'campo':'GeoPias(14)','testo':'7'}
-> {'lista':'TraveP','voce':'HEA300'}
-= nodo/BNerv/2 54.2
-> {'premi':'AggiornaDisBull'}
-= nodo/BNerv [80, 80, 130.75]
-= nodo/H1Nerv [55, 55, 262]
-= nodo/H2Nerv [36, 36, 262]
-= nodo/SmussoNerv [0, 0, 27]
-> {'campo':'TextQuota(1)','testo':'-30'}
 > {'lista':'TraveP','voce':'HP305x79'}
+= nodo/BNerv/2 54.2
 > {'premi':'AggiornaDisBull'}
 = nodo/BNerv/2 97.7
 = nodo/H1Nerv/2 277.1
@@ -309,13 +279,6 @@ m Non è stato inserito nessun bullone. Verifica non possibile.
 > {'premi':'Bt_salva'}
 m Lato delle saldature negativo o nullo.
 m Il salvataggio non è possibile!
-> {'premi':'Bt_salva_con_nome'}
-m Lato delle saldature negativo o nullo.
-m Il salvataggio non è possibile!
-= r/dialoghi []
-> {'premi':'VerificaButt'}
-m Lato delle saldature negativo o nullo.
-m La verifica non è possibile!
 manca Nuovo.tk7
 > {'campo':'TextSald(1)','testo':'6'}
 > {'campo':'GeoPias(2)','testo':'20'}
@@ -328,7 +291,6 @@ apri Nuovo.tk7
 = nodo/SpPiastra/0 20
 = nodo/BNerv/2 54.2
 > {'premi':'Bt_salva_con_nome','risposte':[null]}
-= r/dialoghi/0 {'modo':'salva','titolo':'','estensione':'tk17','filtro':'File nodo 7 (*.tk7)|*.tk7|Tutti i file (*.*)|*.*','direttorio':'@/lavori/esempi','nome':'','sovrascrittura':true,'risposta':null}
 > {'premi':'Bt_salva_con_nome','risposte':[{'file':'@/lavori'}]}
 m File: @/lavori...
 = r/messaggi/0/titolo 'TK07 - SALVATAGGIO NON RIUSCITO'
@@ -340,7 +302,6 @@ esiste altro.nome.x
 esiste altro.nome.tk7
 apri manca.tk7
 m Errore in lettura del file: @/lavori/esempi/manca.tk7...
-= r/messaggi/0/titolo 'LETTURA RELEASE'
 = nodo/SpPiastra/0 20
 = titolo 'TK07 - NODO TRAVE - TRAVE CON PIASTRE - LPZ ARGANO e quanta KX 18 - @/lavori/esempi/altro.nome.tk7'
 apri 01_ipe160_su_ipe270.tk7
@@ -350,11 +311,6 @@ apri 01_ipe160_su_ipe270.tk7
 = r/programmi [{'programma':'notepad.exe','argomenti':['@/lavori/esempi/RelSLU_TK07_01_ipe160_su_ipe270.txt'],'attendi':false}]
 esiste RelSLU_TK07_01_ipe160_su_ipe270.txt
 apri 10_ipe220_su_ipe330.tk7
-> {'premi':'VerificaButt','risposte':['OK','Annulla','Annulla','Annulla']}
-m I bulloni non rispettano l'interasse minimo in direzione verticale (NTC 2018)
-m Continuare la verifica?
-= r/messaggi/1 {'testo':'Continuare la verifica?','titolo':'TK07 - NODO TRAVE - TRAVE CON PIASTRE','segno':'informazione','pulsanti':'OKAnnulla','risposta':'Annulla'}
-manca RelSLU_TK07_10_ipe220_su_ipe330.txt
 > {'premi':'VerificaButt'}
 m I bulloni non rispettano l'interasse minimo in direzione verticale (NTC 2018)
 m Continuare la verifica?

@@ -18,22 +18,10 @@
 #include "render/solidi/esporta_solidi.h"
 #include "render/solidi/linee_nascoste.h"
 #include "render/solidi/prisma.h"
-#include "unit/verification/nodo_di_prova.h"
-#include "verification/saldature.h"
+#include "unit/solidi/solidi_di_prova.h"
 
 namespace tk07 {
 namespace {
-
-std::vector<Parte> SolidiDiProva(const Nodo& n) {
-    Risultati ris;
-    LunghezzeSaldature(n, ris);
-    Scena s;
-    std::vector<Parte> parti;
-    std::string errore;
-    EXPECT_TRUE(ComponiScena3D(n, ris.LungSald, nullptr, s, PiattaformaMuta()));
-    EXPECT_TRUE(SolidiNodo(n, ris.LungSald, 2.0, s, parti, errore)) << errore;
-    return parti;
-}
 
 std::string NomeDi(const TDF_Label& l) {
     Handle(TDataStd_Name) nome;
@@ -55,7 +43,7 @@ T Leggi(const std::string& bytes, std::size_t da) {
 TEST(Esporta, StepReadsBackWithNamesColoursAndVolumes) {
     const prova::Cartella c;
     const std::string file = (c / "nodo è.STEP").string();
-    const std::vector<Parte> parti = SolidiDiProva(prova::NodoDiProva());
+    const std::vector<Parte> parti = prova::Solidi(prova::NodoDiProva());
     std::string errore;
     ASSERT_TRUE(EsportaSolidi(parti, "nodo è \\ €𝛼", file, errore)) << errore;
     Handle(TDocStd_Document) doc = new TDocStd_Document("BinXCAF");
@@ -99,7 +87,7 @@ TEST(Esporta, StepReadsBackWithNamesColoursAndVolumes) {
 
 TEST(Esporta, GlbAndStl) {
     const prova::Cartella c;
-    const std::vector<Parte> parti = SolidiDiProva(prova::NodoDiProva());
+    const std::vector<Parte> parti = prova::Solidi(prova::NodoDiProva());
     std::string errore;
     const std::string glb = (c / "n.glb").string(), stl = (c / "n.stl").string();
     ASSERT_TRUE(EsportaSolidi(parti, "nodo", glb, errore)) << errore;
@@ -147,7 +135,7 @@ TEST(Esporta, GlbAndStl) {
 
 TEST(Esporta, FailuresNameTheFileAndLeaveItWhole) {
     const prova::Cartella c;
-    const std::vector<Parte> parti = SolidiDiProva(prova::NodoDiProva());
+    const std::vector<Parte> parti = prova::Solidi(prova::NodoDiProva());
     std::string errore;
     for (const char* fine : {".step", ".glb", ".stl"}) {
         const std::string file = (c / "manca").string() + "/n" + fine;
@@ -170,7 +158,7 @@ TEST(Esporta, FailuresNameTheFileAndLeaveItWhole) {
 // 1 mm3 of steel weighs 7.85e-6 kg. Head 13, shank 51, nut 10 high, M20.
 TEST(Distinta, GroupsCountsAndWeights) {
     std::vector<DatiParte> dati;
-    for (const Parte& p : SolidiDiProva(prova::NodoDiProva())) dati.push_back(p.dati);
+    for (const Parte& p : prova::Solidi(prova::NodoDiProva())) dati.push_back(p.dati);
     const Distinta d = FaiDistinta(dati);
     ASSERT_EQ(d.pezzi.size(), 8U) << "two beams, two plates, three ribs, one kind of bolt";
     EXPECT_EQ(d.pezzi[2].nome, "Piastra 1, lato trave principale");

@@ -13,10 +13,8 @@
 #include <numbers>
 
 #include "render/solidi/prisma.h"
-#include "render/solidi/solidi.h"
 #include "unit/drawing/nodi_casuali.h"
-#include "unit/verification/nodo_di_prova.h"
-#include "verification/saldature.h"
+#include "unit/solidi/solidi_di_prova.h"
 
 namespace tk07 {
 namespace {
@@ -24,16 +22,7 @@ namespace {
 const Piattaforma kMuta = PiattaformaMuta();
 constexpr double kPiGreco = std::numbers::pi;
 
-std::vector<Parte> Solidi(const Nodo& n, double gioco = 2.0) {
-    Risultati ris;
-    LunghezzeSaldature(n, ris);
-    Scena s;
-    std::vector<Parte> parti;
-    std::string errore;
-    EXPECT_TRUE(ComponiScena3D(n, ris.LungSald, nullptr, s, kMuta));
-    EXPECT_TRUE(SolidiNodo(n, ris.LungSald, gioco, s, parti, errore)) << errore;
-    return parti;
-}
+using prova::Solidi;
 
 const Parte& Cerca(const std::vector<Parte>& parti, const std::string& nome) {
     static const Parte nessuna;
@@ -225,11 +214,8 @@ TEST(Solidi, RandomJointsAreValidAndTheirPartsKeepApart) {
 
 // The viewer's solids: the scene as it is, without holes, bolts where the scene has them.
 TEST(Solidi, SceneAlone) {
-    const Nodo n = prova::NodoDiProva();
-    Risultati ris;
-    LunghezzeSaldature(n, ris);
     Scena s;
-    ASSERT_TRUE(ComponiScena3D(n, ris.LungSald, nullptr, s, kMuta));
+    ASSERT_TRUE(prova::Componi(prova::NodoDiProva(), s));
     // A hollow section and one that changes along its axis: 10 x 10 to 20 x 20 over 30 is
     // 30 (100 + 400 + 200) / 3.
     Sezione tubo{"T", "P_TUBO", {ContornoTondo(0, 0, 50), ContornoTondo(0, 0, 40)}};

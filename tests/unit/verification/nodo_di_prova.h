@@ -69,6 +69,14 @@ inline Opzioni OpzioniDiProva(double gioco = 2.0) {
     return o;
 }
 
+inline Unita UnitaDa(const char* forze, const char* momenti, const char* tensioni) {
+    Unita u;
+    u.UnitaForze = forze, u.UnitaMomenti = momenti, u.UnitaTensioni = tensioni;
+    ImpostaUnita(u);
+    return u;
+}
+inline Unita UnitaDiLavoro() { return UnitaDa("daN", "daN*cm", "daN/cm2"); }
+
 inline nlohmann::json Validazione(const std::string& file) {
     std::ifstream f(std::string(TK07_SORGENTE) + "/tests/validazione/" + file);
     return nlohmann::json::parse(f);

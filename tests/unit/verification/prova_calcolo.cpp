@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "base/aritmetica.h"
 #include "joint/file_nodo.h"
 #include "nodo_di_prova.h"
@@ -27,6 +29,14 @@ Risultati Calcola(const Nodo& n, const Opzioni& opz = prova::OpzioniDiProva()) {
     return r;
 }
 
+// The bolts' actions alone, and the plane's problem that gave them.
+Risultati Azioni(const Nodo& n, PoligonoCompresso& pol) {
+    Risultati r;
+    AzzeraRisultati(n, r);
+    EXPECT_TRUE(AzioniBulloni(n, PreparaGeometria(n), pol, r, PiattaformaMuta()));
+    return r;
+}
+
 // The stored example joint, with sections and materials of the shipped libraries.
 Nodo Foglio(const std::string& nome) {
     prova::SessioneDiProva t;
@@ -34,43 +44,33 @@ Nodo Foglio(const std::string& nome) {
     return t.s->nodo;
 }
 
-// An array of the sheet, or a single value, against `avuto(place from 0)`; `scarti` is an array
-// too, or one number, or null for 1e-9 of the value.
-template <class F>
-void Confronta(const Json& dove, const char* che, F avuto, const Json& scarti = nullptr) {
-    const Json attesi = dove[che].is_array() ? dove[che] : Json::array({dove[che]});
-    for (std::size_t i = 0; i < attesi.size(); ++i) {
-        const double a = attesi[i];
-        const double scarto = scarti.is_null()    ? 1e-9 * std::fabs(a) + 1e-9
-                              : scarti.is_array() ? scarti[i].get<double>()
-                                                  : scarti.get<double>();
-        EXPECT_NEAR(avuto(static_cast<int>(i)), a, scarto) << che << " " << i;
-    }
-}
-using Valori = std::vector<std::pair<const char*, double>>;
+using Valori = std::map<std::string, double>;
 void Confronta(const Json& dove, const Valori& valori) {
     for (const auto& [che, v] : valori) {
-        Confronta(dove, che, [x = v](int) { return x; });
+        const double atteso = dove[che];
+        EXPECT_NEAR(v, atteso, 1e-9 * std::fabs(atteso) + 1e-9) << che;
     }
 }
 
-TEST(Fogli, StepsAndResultsOfTheTwoSheets) {
+// What stands between data and results; the results themselves are compared by the independent
+// calculation, on these sheets too.
+TEST(Fogli, StepsOfTheTwoSheets) {
     for (const std::string nome : {"foglio_slu", "foglio_ta"}) {
         SCOPED_TRACE(nome);
         const Nodo n = Foglio(nome + ".tk7");
         const Json f = prova::Validazione(nome + ".json");
         const Json& m = f["intermedi"];
         const GeometriaVerifica g = PreparaGeometria(n);
-        Confronta(m, Valori{{"XG", g.XG},
-                            {"YG", g.YG},
-                            {"Ip", g.Ip},
-                            {"distAzioni", g.distAzioni},
-                            {"yAsse", g.yAsse},
-                            {"cima2", CimaPiastra2(n)}});
-        Confronta(m, "AreaResistente", [&](int i) { return g.Area(i + 1); });
+        Confronta(m, {{"XG", g.XG},
+                      {"YG", g.YG},
+                      {"Ip", g.Ip},
+                      {"distAzioni", g.distAzioni},
+                      {"yAsse", g.yAsse},
+                      {"cima2", CimaPiastra2(n)}});
+        for (int i = 1; i <= n.nBull; ++i) {
+            EXPECT_NEAR(g.Area(i), m["AreaResistente"][i - 1].get<double>(), 1e-9);
+        }
         const Risultati r = Calcola(n);
-        Confronta(
-            f, "LungSald", [&](int i) { return r.LungSald(i); }, 0.0);
         const GruppoS1 s1 = ProprietaS1(n, r);
         const Valori gruppo1 = {{"b", s1.b},   {"A", s1.A},   {"yG", s1.yG},
                                 {"xG", s1.xG}, {"Ix", s1.Ix}, {"Iy", s1.Iy},
@@ -81,53 +81,8 @@ TEST(Fogli, StepsAndResultsOfTheTwoSheets) {
                                 {"J2", s2.J},    {"Av2", s2.Av},  {"Ah2", s2.Ah}, {"A3", s2.A3},
                                 {"xG3", s2.xG3}, {"Ix3", s2.Ix3}, {"Iy3", s2.Iy3}};
         Confronta(m["S2"], gruppo2);
-        for (const auto& [che, tavola] : {std::pair{"Fv_Rd", &r.Fv_Rd},
-                                          {"Fb_Rd", &r.Fb_Rd},
-                                          {"Ft_Rd", &r.Ft_Rd},
-                                          {"Bp_Rd", &r.Bp_Rd}}) {
-            Confronta(f, che, [&t = *tavola](int i) { return t(i + 1); });
-        }
-        ASSERT_EQ(f["sestetti"].size(), static_cast<std::size_t>(n.nSollAg));
         for (int s = 0; s < n.nSollAg; ++s) {
-            SCOPED_TRACE(s);
-            const Json& a = f["sestetti"][static_cast<std::size_t>(s)];
-            const Json& mg = a["margini"];
-            EXPECT_EQ(r.Verificato(s, 0) == 1, a["verificato"].get<bool>());
-            Confronta(
-                a, "Sigma", [&](int i) { return r.Sigma(s, i + 1); }, mg["Sigma"]);
-            Confronta(
-                a, "Sig", [&](int) { return r.Sig(s, 0); }, mg["Sig"]);
-            Confronta(
-                a, "SigPiastra2", [&](int) { return r.SigPiastra2(s, 0); }, mg["SigPiastra2"]);
-            Confronta(a, "Fv_Ed", [&](int i) { return r.Fv_Ed(s, i + 1); });
-            Confronta(a, "Tau", [&](int i) { return r.Tau(s, i + 1); });
-            for (std::size_t i = 0; i < a["Co1"].size(); ++i) {
-                const long b = static_cast<long>(i) + 1;
-                EXPECT_NEAR(r.Ft_Ed(s, b), a["Ft_Ed"][i].get<double>(),
-                            mg["Ft_Ed"][i].get<double>());
-                for (const auto& [che, co] :
-                     {std::pair{"Co1", r.Co1(s, b)}, {"Co2", r.Co2(s, b)}}) {
-                    EXPECT_GE(co, mg[che][i][0].get<double>()) << che;
-                    EXPECT_LE(co, mg[che][i][1].get<double>()) << che;
-                }
-            }
-            for (std::size_t i = 0; i < a["SigRifPias"].size(); ++i) {
-                const long b = static_cast<long>(i);
-                EXPECT_NEAR(r.SigRifPias1(s, b), a["SigRifPias"][i][0].get<double>(), 1e-6);
-                EXPECT_NEAR(r.SigRifPias2(s, b), a["SigRifPias"][i][1].get<double>(), 1e-6);
-            }
-            for (const auto& [che, t] : {std::pair{"Tau_pa", &r.Tau_pa},
-                                         {"Tau_pe", &r.Tau_pe},
-                                         {"SEq1", &r.SEq1},
-                                         {"SEq2", &r.SEq2}}) {
-                Confronta(
-                    a, che, [&v = *t, s](int j) { return v(s, j); }, 1e-6);
-            }
-            for (std::size_t j = 0; j < 30; ++j) {
-                const long l = static_cast<long>(j);
-                EXPECT_NEAR(r.S_prp1(s, l), a["S_prp"][0][j].get<double>(), 1e-6) << j;
-                EXPECT_NEAR(r.S_prp2(s, l), a["S_prp"][1][j].get<double>(), 1e-6) << j;
-            }
+            EXPECT_EQ(r.Verificato(s, 0) == 1, f["sestetti"][s]["verificato"].get<bool>()) << s;
         }
     }
 }
@@ -204,10 +159,8 @@ TEST(Riferimenti, PublishedResistancesAndBoltGroups) {
         ASSERT_EQ(AsseSecondaria(n), c["yAsse"].get<double>());
         n.BPiastra(1) = n.BPiastra(2) = 400;
         prova::AggiungiSestetto(n, 0, c["TaglioY"], c["TaglioZ"], c["MomTorc"], 0, 0);
-        Risultati r;
-        AzzeraRisultati(n, r);
         PoligonoCompresso pol;
-        ASSERT_TRUE(AzioniBulloni(n, PreparaGeometria(n), pol, r, PiattaformaMuta()));
+        const Risultati r = Azioni(n, pol);
         double massimo = 0;
         for (int i = 1; i <= n.nBull; ++i) {
             const double atteso = c["Fv_Ed"][static_cast<std::size_t>(i - 1)];
@@ -237,10 +190,8 @@ TEST(Stranezze, TheTransportLooksAtMzAndTyAlone) {
         Nodo n = prova::NodoDiProva();
         prova::AggiungiSestetto(n, -40000, c.Ty, 50, 0, 7, c.Mz);
         EXPECT_EQ(Trasporta(n, 0, 120), c.trasporta) << c.Mz << " " << c.Ty;
-        Risultati r;
-        AzzeraRisultati(n, r);
         PoligonoCompresso pol;
-        ASSERT_TRUE(AzioniBulloni(n, PreparaGeometria(n), pol, r, PiattaformaMuta()));
+        Azioni(n, pol);
         // and decides for the moment of Tz too: -10 My + 120 Tz
         EXPECT_EQ(pol.rhsForze(2), c.trasporta ? 5930.0 : -70.0);
         EXPECT_EQ(pol.rhsForze(1) - 185 * -40000, -10 * c.Mz + (c.trasporta ? 120 * c.Ty : 0.0));
@@ -409,17 +360,14 @@ TEST(Stranezze, DirectShearGoesInEqualParts) {
         Nodo n = prova::NodoDiProva(metodo);
         prova::MettiBulloni(n, {{0, 55, 16}, {0, 315, 24}});
         prova::AggiungiSestetto(n, -1000, 500, 0, 0, 0, 0);
-        Risultati r;
-        AzzeraRisultati(n, r);
         PoligonoCompresso pol;
-        const GeometriaVerifica g = PreparaGeometria(n);
-        ASSERT_TRUE(AzioniBulloni(n, g, pol, r, PiattaformaMuta()));
+        Risultati r = Azioni(n, pol);
         if (metodo == Metodo::SLU) {
             EXPECT_EQ(r.Fv_Ed(0, 1), 250.0);
             EXPECT_EQ(r.Fv_Ed(0, 2), 250.0);
         } else {
             EXPECT_NEAR(r.Tau(0, 1), 250 / 155.86724428909935, 1e-12);
-            SigRifollamento(n, g, r);  // 250 / d / t
+            SigRifollamento(n, PreparaGeometria(n), r);  // 250 / d / t
             EXPECT_NEAR(r.SigRifPias1(0, 1), 250.0 / 24 / 15, 1e-12);
             EXPECT_NEAR(r.SigRifPias2(0, 0), 250.0 / 16 / 20, 1e-12);
         }

@@ -62,10 +62,7 @@ void Controlla(const std::vector<Passo>& passi, Metodo metodo) {
             attesi.push_back(t + (metodo == Metodo::SLU ? " (NTC 2018)" : " (CNR 10011/88)"));
         }
         EXPECT_EQ(porta.Testi(), attesi);
-        for (const prova::Detto& d : porta.detti) {
-            EXPECT_EQ(d.segno, Segno::esclamazione);
-            EXPECT_EQ(d.titolo, kTitoloProgramma);
-        }
+        EXPECT_TRUE(porta.Tutti(Segno::esclamazione, kTitoloProgramma));
     }
 }
 
@@ -219,10 +216,7 @@ void Confronta(const Nodo& n, const Testi& attesi, double gioco = 2.0) {
     prova::Porta porta;
     EXPECT_EQ(ControllaDati(n, prova::OpzioniDiProva(gioco), porta.Fai()), !attesi.empty());
     EXPECT_EQ(porta.Testi(), attesi);
-    for (const prova::Detto& d : porta.detti) {
-        EXPECT_EQ(d.segno, Segno::esclamazione);
-        EXPECT_EQ(d.titolo, kTitoloProgramma);
-    }
+    EXPECT_TRUE(porta.Tutti(Segno::esclamazione, kTitoloProgramma));
 }
 
 // What the report shows: four M20 with holes of 22 on plates 200 x 370 x 15 (0 to 370) and 180 x
