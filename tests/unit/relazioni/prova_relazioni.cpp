@@ -238,6 +238,13 @@ TEST(Relazioni, RowsThatDependOnTheJoint) {
         }
         EXPECT_EQ(RigaDi(t, "s10'").find(slu ? "s10'|     0.|" : "s10'\t 0\t"), 0u);
         EXPECT_EQ(prova::Quante(t, "\ns"), 2 * 9);
+        // The lower rib alone keeps its number and its own measures, next to rib 3.
+        r.n.AttNerv(2) = true;
+        r.n.H1Nerv(2) = 61, r.n.H2Nerv(2) = 37, r.n.BNerv(2) = 143, r.n.SpNerv(2) = 9;
+        const std::string solo = r.Testo();
+        EXPECT_TRUE(Contiene(solo, "\nPiastre (n°4)\n"));
+        EXPECT_TRUE(Contiene(solo, slu ? " 12.|\n5  |   61.|   37.|  143.|  9.|\n"
+                                       : "\t 12\n5\t 61\t 37\t 143\t 9\n"));
     }
 }
 
