@@ -339,6 +339,10 @@ QWidget* FinestraPrincipale::ComponiDestra() {
     destra_->addTab(foglio, QStringLiteral("Disegno e r&iepilogo"));
     relazione_ = new VistaRelazione(destra_);
     destra_->addTab(relazione_, QStringLiteral("Re&lazione"));
+    // The ground of the pages on the left, not the lighter one of the tabs.
+    for (QWidget* pagina : {foglio, static_cast<QWidget*>(relazione_)}) {
+        pagina->setAutoFillBackground(true);
+    }
     return destra_;
 }
 
