@@ -21,9 +21,10 @@ FinestraRecupero::FinestraRecupero(Pilota& pilota, QWidget* padre)
     auto* colonna = new QVBoxLayout(this);
     auto* spiega = new QLabel(
         QStringLiteral(
-            "Ogni esecuzione del programma scrive due copie alternate del nodo, e conserva il file "
-            "di un altro che un salvataggio sostituisce. Le copie restano finché non vengono "
-            "eliminate qui. Aprire una copia lascia il nodo attuale in \"Annulla\"."),
+            "Ogni esecuzione del programma scrive due copie alternate del nodo; quando un "
+            "salvataggio sostituisce un file che non era stato aperto, ne conserva una copia. Le "
+            "copie restano finché non vengono eliminate qui. Aprire una copia lascia il nodo "
+            "attuale in \"Annulla\"."),
         this);
     spiega->setWordWrap(true);
     colonna->addWidget(spiega);
