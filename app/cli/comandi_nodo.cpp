@@ -22,19 +22,14 @@ namespace {
 template <class Lavoro>
 int CambiaNodo(const Avvio& avvio, const std::string& file, const std::string& uscita,
                Lavoro lavoro) {
-    Banco banco(avvio);
-    if (!banco.Avviato()) return banco.codice;
-    Sessione& s = *banco.s;
-    int codice = ApriFile(s, banco.porta, file);
-    if (codice != kUscitaOk) return codice;
-    EseguiComando(s, [&] { codice = lavoro(s); });
-    if (s.fine) return s.codiceUscita != kUscitaOk ? s.codiceUscita : kUscitaUso;
-    if (codice != kUscitaOk || uscita.empty()) return codice;
-    EseguiComando(s, [&] {
+    return SuNodo(avvio, file, [&](Sessione& s) {
+        const int codice = lavoro(s);
+        // An end of the program that a reader asked for is no success of this command.
+        if (s.fine && s.codiceUscita == kUscitaOk) s.codiceUscita = kUscitaUso;
+        if (s.fine || codice != kUscitaOk || uscita.empty()) return codice;
         ControllaDati(s.nodo, s.opz, s.piattaforma);
-        if (!ScriviFileNodo(s.nodo, uscita, s.piattaforma)) codice = kUscitaUso;
+        return ScriviFileNodo(s.nodo, uscita, s.piattaforma) ? codice : kUscitaUso;
     });
-    return s.fine ? s.codiceUscita : codice;
 }
 
 // A load set as text, in the job's units; false when it is not six numbers and a name.
