@@ -15,6 +15,12 @@ namespace tk07 {
 
 namespace {
 
+// The formulas between loads and stresses hold in the units of the calculation.
+const std::string kUnitaFormule =
+    "In queste formule forze in daN, momenti in daN·cm, lunghezze in mm, qualunque sia l'unità "
+    "della "
+    "tabella dei carichi. ";
+
 void Titolo(std::vector<BloccoRel>& b, int livello, const std::string& t) {
     b.push_back(TitoloRel{livello, t});
 }
@@ -249,12 +255,12 @@ void Gruppi(const ContestoRel& c, std::vector<BloccoRel>& b) {
             {"τ_{pa} = |\\frac{M b}{J}| senza taglio lungo il cordone,    "
              "τ_{pa} = ±|\\frac{M b}{J}| + \\frac{T}{A_{T}} con il segno di T"});
     b.push_back(TestoRel{
-        "Forze in daN, momenti in daN·cm come nella tabella dei carichi, lunghezze in mm. I "
-        "termini fra parentesi quadre valgono quando il trasporto è da considerare. b è la gola; "
+        kUnitaFormule +
+        "I termini fra parentesi quadre valgono quando il trasporto è da considerare. b è la gola; "
         "T e la sua area sono Ty con A vert nei cordoni verticali (s1, s13, s15; s4), Tz con A "
         "orizz in quelli orizzontali (s2, s3, s10, s11; s8, s9). I cordoni s12 e s14 portano le "
-        "risultanti di s13 e s15, i cordoni s5, s6, s7 quelle di s4. In S2 i momenti Mz e My "
-        "della tabella valgono come daN·mm (capitolo «Limiti del metodo»)."});
+        "risultanti di s13 e s15, i cordoni s5, s6, s7 quelle di s4. In S2 Mz e My, in daN·cm, "
+        "valgono come daN·mm (capitolo «Limiti del metodo»)."});
 }
 
 // From a load set to the forces of one bolt.
@@ -265,17 +271,18 @@ void Azioni(const ContestoRel& c, std::vector<BloccoRel>& b) {
     v.formule = {c.Slu()
                      ? "F_{t,Ed} = A_{i} s(x_{i}, y_{i}),    s(x, y) = c_{1} y + c_{2} x + c_{3}"
                      : "σ = s(x_{i}, y_{i}),    s(x, y) = c_{1} y + c_{2} x + c_{3}",
-                 "M_{tot} = M_{t} + (Y_{G} − y_{asse}) T_{z} + X_{G} T_{y}",
+                 "M_{tot} = 10 M_{t} + (Y_{G} − y_{asse}) T_{z} + X_{G} T_{y}",
                  "V_{z} = \\frac{T_{z}}{n} − \\frac{M_{tot}}{I_{p}} (y_{i} − Y_{G}) A_{i},    "
                  "V_{y} = \\frac{T_{y}}{n} − \\frac{M_{tot}}{I_{p}} (x_{i} − X_{G}) A_{i}",
                  c.Slu() ? "F_{v,Ed} = \\sqrt{V_{z}^{2} + V_{y}^{2}}"
                          : "τ = \\frac{\\sqrt{V_{z}^{2} + V_{y}^{2}}}{A_{i}}"};
     b.push_back(v);
     b.push_back(TestoRel{
-        "Il piano s, positivo a trazione, equilibra N, Mz − d Ty e My − d Tz: le piastre premono e "
-        "non tirano, i bulloni lavorano nei due versi. d = distAzioni; i termini d Ty e d Tz solo "
-        "quando il trasporto è da considerare (capitolo «Equilibrio dei sestetti»). XG, YG e Ip "
-        "sono baricentro e inerzia polare dei bulloni, n il loro numero."});
+        kUnitaFormule +
+        "Il piano s, positivo a trazione, equilibra N, 10 Mz − d Ty e 10 My − d Tz: le piastre "
+        "premono e non tirano, i bulloni lavorano nei due versi. d = distAzioni; i termini d Ty e "
+        "d Tz solo quando il trasporto è da considerare (capitolo «Equilibrio dei sestetti»). XG, "
+        "YG e Ip sono baricentro e inerzia polare dei bulloni, n il loro numero."});
 }
 
 }  // namespace
