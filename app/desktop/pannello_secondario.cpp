@@ -249,7 +249,8 @@ void PannelloSecondario::Aggiorna() {
         const bool maxMin = s.InsDati["CheckMaxMin"].valore == 1;
         // The result files are read again only for another question.
         const std::string chiave = t.nodi + "|" + t.aste + "|" + t.casi + "|" + t.condizioni + "|" +
-                                   t.sestetti + "|" + std::to_string(s.nodo.nSollAg);
+                                   t.sestetti + "|" + std::to_string(s.nodo.nSollAg) +
+                                   (maxMin ? "m" : "");
         if (chiave == anteprimaDi_) return;
         anteprimaDi_ = chiave;
         testo->setPlainText(

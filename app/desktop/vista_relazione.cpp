@@ -33,6 +33,13 @@ bool StessoNome(const QString& scritto, const QString& nome) {
                       [](QChar a, QChar b) { return a == b || a == QLatin1Char('?'); });
 }
 
+// The head over a row of numbers: the nearest row above that does not begin with one.
+QString TestaTabella(QTextBlock riga) {
+    static const QRegularExpression numero(QStringLiteral("^ *[-.\\d]"));
+    while (riga.isValid() && numero.match(riga.text()).hasMatch()) riga = riga.previous();
+    return riga.text();
+}
+
 }  // namespace
 
 VistaRelazione::VistaRelazione(QWidget* padre) : QWidget(padre) {
@@ -133,16 +140,20 @@ bool VistaRelazione::eventFilter(QObject*, QEvent* evento) {
 }
 
 // What a row of the report speaks of: its own first column, the table's title, the load set.
+// Columns end in a bar in the report by limit states, in a tab in the one by allowable stresses.
 void VistaRelazione::ApriRiga(const QTextBlock& riga) {
-    static const QRegularExpression numero(QStringLiteral("^(\\d+) *\\|"));
-    static const QRegularExpression linea(QStringLiteral("^s(\\d+)('?) *\\|"));
+    static const QRegularExpression numero(QStringLiteral("^ *(\\d+) *[|\\t]"));
+    static const QRegularExpression linea(QStringLiteral("^s(\\d+)('?) *[|\\t]"));
+    static const QRegularExpression colonne(QStringLiteral("[|\\t]"));
     static const QRegularExpression piastra(
         QStringLiteral("^(Compressione|Tensione) .*piastra ([12])$"));
     const QRegularExpressionMatch bullone = numero.match(riga.text());
     const QRegularExpressionMatch cordone = linea.match(riga.text());
     Famiglia famiglia = Famiglia::bulloni;
     QString elemento;
-    if (bullone.hasMatch()) elemento = QStringLiteral("bullone ") + bullone.captured(1);
+    if (bullone.hasMatch() && TestaTabella(riga).startsWith(QLatin1String("Num"))) {
+        elemento = QStringLiteral("bullone ") + bullone.captured(1);
+    }
     if (cordone.hasMatch()) {
         constexpr int kLati = 15;  // lines of one side, their mirrors behind them
         const int n = cordone.captured(1).toInt();
@@ -151,7 +162,7 @@ void VistaRelazione::ApriRiga(const QTextBlock& riga) {
         elemento = QStringLiteral("saldatura s") + cordone.captured(1) + cordone.captured(2);
     }
     int sestetto = -1;
-    bool cerca = elemento.isEmpty() && riga.text().contains(QLatin1Char('|'));
+    bool cerca = elemento.isEmpty() && riga.text().contains(colonne);
     for (QTextBlock b = riga; b.isValid(); b = b.previous()) {
         const QRegularExpressionMatch m = piastra.match(b.text().trimmed());
         if (cerca && (m.hasMatch() || b.text().trimmed().isEmpty())) {

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTextBlock>
 #include <QTimer>
 #include <QWheelEvent>
 #include <ctime>
@@ -280,6 +281,43 @@ TEST(Gui, Recupero) {
     b.Premi("Chiudi");
     EXPECT_TRUE(b.S().fine);
     EXPECT_EQ(autom(b).size(), 4) << "closing keeps the copies";
+}
+
+// The report by allowable stresses has its columns apart by tabs: its rows lead to their parts too.
+TEST(Gui, RigheDellaRelazioneTA) {
+    BancoGui b;
+    b.Apri("09_hea260_su_hea400.tk7");
+    b.porta.programmi.clear();
+    b.Premi("VerificaButt");
+    ASSERT_EQ(b.porta.programmi.size(), 1u);
+    b.finestra->MostraRelazione(QString::fromStdString(b.porta.programmi[0][1]));
+    QPlainTextEdit* testo = b.finestra->LaRelazione().Testo();
+    auto* destra = b.finestra->findChild<QTabWidget*>(QStringLiteral("Destra"));
+    const struct {
+        const char* tabella;
+        const char* riga;
+        const char* campo;  // that comes in hand; none for a bolt
+    } righe[] = {{"SigRifPias1", " 7\t", nullptr},
+                 {"Compressione massima sulla piastra 1", "-", "GeoPias(2)"},  // its thickness
+                 {"Tensione massima nella piastra 2", " ", "GeoPias(5)"},  // a number, no bolt's
+                 {"Descr.\tSigma", "s12\t", "TextSald(0)"}};
+    for (const auto& r : righe) {
+        destra->setCurrentIndex(1);
+        ASSERT_TRUE(b.finestra->LaRelazione().VaiAlSestetto(1, Q(b.N().NomeSa(1))));
+        QTextCursor c = testo->document()->find(Q(r.tabella), testo->textCursor());
+        while (!c.atEnd() && !c.block().text().startsWith(Q(r.riga))) {
+            c.movePosition(QTextCursor::NextBlock);
+        }
+        testo->setTextCursor(c);
+        testo->centerCursor();
+        QTest::mouseDClick(testo->viewport(), Qt::LeftButton, {}, testo->cursorRect().center());
+        EXPECT_EQ(destra->currentIndex(), 0) << r.tabella;
+        ASSERT_NE(b.finestra->IlRiepilogo().Scelta(), nullptr) << r.tabella;
+        EXPECT_EQ(b.finestra->IlRiepilogo().Scelta()->sestetto, 1) << r.tabella;
+        if (r.campo != nullptr) {
+            EXPECT_EQ(b.pilota.CampoInMano(), r.campo);
+        }
+    }
 }
 
 TEST(Gui, VerificaRiepilogoRelazione) {
