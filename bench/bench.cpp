@@ -7,11 +7,11 @@
 #include "drawing/dis.h"
 #include "joint/file_nodo.h"
 #include "nodo_banco.h"
+#include "reports/relazione.h"
 #include "scene3d/assemblaggio.h"
 #include "scene3d/file_scena.h"
 #include "verification/azioni_bulloni.h"
 #include "verification/poligono.h"
-#include "verification/reports/relazione.h"
 #include "verification/saldature.h"
 #include "verification/verifica_nodo.h"
 

@@ -3,8 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include "nodo_banco.h"
-#include "render/solidi/esporta_solidi.h"
-#include "render/solidi/linee_nascoste.h"
+#include "solidi/esporta_solidi.h"
+#include "solidi/linee_nascoste.h"
 #include "verification/saldature.h"
 
 namespace tk07 {

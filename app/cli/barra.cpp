@@ -8,7 +8,7 @@
 #include <unistd.h>
 #endif
 
-namespace tk07 {
+namespace tk07::cli {
 
 namespace {
 
@@ -39,4 +39,4 @@ void Barra::Cancella() {
     if (attiva_) std::fputs("\r\033[K", stderr);
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace tk07 {
+namespace tk07::cli {
 
 // A bar on the terminal while a long command works; nothing in a pipe, nor where there is one thing
 // to do only.
@@ -21,4 +21,4 @@ class Barra {
     std::size_t mostrato_ = 0;  // per mille
 };
 
-}  // namespace tk07
+}  // namespace tk07::cli

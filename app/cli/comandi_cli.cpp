@@ -9,19 +9,19 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
-#include "cli/albero.h"
-#include "cli/banco.h"
 #include "cli/barra.h"
-#include "cli/csv.h"
-#include "cli/inizializza.h"
-#include "cli/json_nodo.h"
-#include "cli/mostra.h"
-#include "cli/programma.h"
-#include "cli/protocollo.h"
+#include "guscio/albero.h"
+#include "guscio/banco.h"
+#include "guscio/csv.h"
+#include "guscio/inizializza.h"
+#include "guscio/json_nodo.h"
+#include "guscio/mostra.h"
+#include "guscio/programma.h"
+#include "guscio/protocollo.h"
 #include "joint/controlla_dati.h"
 #include "verification/interassi.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 namespace {
 
@@ -196,4 +196,4 @@ int ComandoInizializza(const Avvio& avvio, const std::string& destinazione) {
     return kUscitaOk;
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

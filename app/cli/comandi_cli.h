@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "session/direttori.h"
+#include "base/direttori.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 struct OpzioniVerifica {
     std::vector<std::string> file;
@@ -21,4 +21,4 @@ int ComandoMateriali(const Avvio& avvio, bool json);
 int ComandoSessione(const Avvio& avvio, bool avviaProgrammi);
 int ComandoInizializza(const Avvio& avvio, const std::string& destinazione);
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -6,14 +6,14 @@
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "bolting/proposte.h"
-#include "cli/banco.h"
+#include "guscio/banco.h"
 #include "joint/controlla_dati.h"
+#include "joint/tabella_carichi.h"
 #include "modelimport/liste.h"
 #include "modelimport/struttura.h"
 #include "session/importazione.h"
-#include "session/tabella_carichi.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 namespace {
 
@@ -163,4 +163,4 @@ int ComandoImporta(const Avvio& avvio, const OpzioniImporta& opz) {
     });
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "session/direttori.h"
+#include "base/direttori.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 // Commands that change a joint and write it: the file named by -o, which may be the one read.
 
@@ -30,4 +30,4 @@ struct OpzioniImporta {
 };
 int ComandoImporta(const Avvio& avvio, const OpzioniImporta& opz);
 
-}  // namespace tk07
+}  // namespace tk07::cli

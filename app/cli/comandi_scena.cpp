@@ -3,12 +3,12 @@
 #include <filesystem>
 
 #include "base/testo.h"
-#include "cli/banco.h"
+#include "guscio/banco.h"
 #include "scene3d/file_scena.h"
 #include "scene3d/urti.h"
 #include "session/vista3d.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 namespace {
 
@@ -86,4 +86,4 @@ int ComandoScena(const Avvio& avvio, const OpzioniScena& opz, const Grafica& gra
     });
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "cli/disegna.h"
+#include "guscio/disegna.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 struct OpzioniScena {
     std::string file, uscita;
@@ -17,4 +17,4 @@ int ComandoScena(const Avvio& avvio, const OpzioniScena& opz, const Grafica& gra
 // Whether the twin with toolkits is needed.
 bool VuoleSolidi(const OpzioniScena& opz);
 
-}  // namespace tk07
+}  // namespace tk07::cli

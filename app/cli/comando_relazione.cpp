@@ -4,11 +4,11 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
-#include "cli/banco.h"
 #include "cli/barra.h"
-#include "verification/reports/esteso.h"
+#include "guscio/banco.h"
+#include "reports/esteso.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 namespace {
 
@@ -53,4 +53,4 @@ int ComandoRelazione(const Avvio& avvio, const OpzioniRelazioneCli& opz, const G
     });
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cli/disegna.h"
+#include "guscio/disegna.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 struct OpzioniRelazioneCli {
     std::string file, uscita;
@@ -13,4 +13,4 @@ struct OpzioniRelazioneCli {
 // The extended report of one joint as a PDF; exit codes as the verification's.
 int ComandoRelazione(const Avvio& avvio, const OpzioniRelazioneCli& opz, const Grafica& grafica);
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -8,12 +8,12 @@ int main(int argc, char** argv) {
     tk07::Grafica grafica;
     grafica.gemello = true;
 #ifdef TK07_CON_TAVOLE
-    grafica.esportaTavola = tk07::GraficaTavola;
-    grafica.scriviRelazione = tk07::GraficaRelazione;
+    grafica.esportaTavola = tk07::cli::GraficaTavola;
+    grafica.scriviRelazione = tk07::cli::GraficaRelazione;
 #endif
 #ifdef TK07_CON_SOLIDI
-    grafica.esportaSolidi = tk07::GraficaSolidi;
-    grafica.distinta = tk07::GraficaDistinta;
+    grafica.esportaSolidi = tk07::cli::GraficaSolidi;
+    grafica.distinta = tk07::cli::GraficaDistinta;
 #endif
-    return tk07::EseguiRiga(argc, argv, grafica);
+    return tk07::cli::EseguiRiga(argc, argv, grafica);
 }

@@ -7,7 +7,7 @@
 #include "render/figura3d.h"
 #endif
 
-namespace tk07 {
+namespace tk07::cli {
 
 bool GraficaRelazione(const Sessione& s, const RelazioneEstesa& documento, const std::string& file,
                       const std::string& uscita,
@@ -30,4 +30,4 @@ bool GraficaRelazione(const Sessione& s, const RelazioneEstesa& documento, const
     return false;
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

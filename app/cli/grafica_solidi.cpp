@@ -3,14 +3,14 @@
 #include <nlohmann/json.hpp>
 
 #include "base/testo.h"
-#include "cli/json_nodo.h"
 #include "cli/parti_grafica.h"
-#include "render/solidi/distinta.h"
-#include "render/solidi/esporta_solidi.h"
-#include "render/solidi/solidi.h"
+#include "guscio/json_nodo.h"
+#include "solidi/distinta.h"
+#include "solidi/esporta_solidi.h"
+#include "solidi/solidi.h"
 #include "verification/saldature.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 namespace {
 
@@ -69,4 +69,4 @@ bool GraficaDistinta(const Sessione& s, FormaDistinta forma, std::string& testo,
     return true;
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -6,7 +6,7 @@
 #include "drawing/composizione.h"
 #include "render/esporta.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 bool GraficaTavola(const Sessione& s, const std::string& uscita, std::string& errore) {
     const auto applicazione = AppSenzaSchermo();
@@ -33,4 +33,4 @@ bool GraficaTavola(const Sessione& s, const std::string& uscita, std::string& er
     return false;
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

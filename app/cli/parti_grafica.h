@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "cli/disegna.h"
+#include "guscio/disegna.h"
 
-namespace tk07 {
+namespace tk07::cli {
 
 // What fills the record Grafica. With Qt:
 bool GraficaTavola(const Sessione& s, const std::string& uscita, std::string& errore);
@@ -17,4 +17,4 @@ bool GraficaSolidi(const Sessione& s, const std::string& uscita, std::string& er
 bool GraficaDistinta(const Sessione& s, FormaDistinta forma, std::string& testo,
                      std::string& errore);
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -8,16 +8,16 @@
 #include <memory>
 
 #include "base/testo.h"
-#include "cli/albero.h"
-#include "cli/banco.h"
 #include "cli/comandi_cli.h"
 #include "cli/comandi_nodo.h"
 #include "cli/comandi_scena.h"
 #include "cli/comando_relazione.h"
-#include "cli/disegna.h"
-#include "cli/italiano.h"
-#include "cli/porta_cli.h"
-#include "cli/programma.h"
+#include "guscio/albero.h"
+#include "guscio/banco.h"
+#include "guscio/disegna.h"
+#include "guscio/italiano.h"
+#include "guscio/porta_cli.h"
+#include "guscio/programma.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
 
 }  // namespace
 
-namespace tk07 {
+namespace tk07::cli {
 
 int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     std::setlocale(LC_ALL, "");  // the system's own messages in the user's language
@@ -258,4 +258,4 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     }
 }
 
-}  // namespace tk07
+}  // namespace tk07::cli

@@ -15,7 +15,7 @@
 #include "desktop/testo_qt.h"
 #include "textnum/scelta_unita.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 RichiestaKx LeggiRichiestaKx(const std::string& riga) {
     RichiestaKx r;
@@ -129,4 +129,4 @@ void FinestraKx::accept() {
     QDialog::accept();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

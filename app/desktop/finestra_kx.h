@@ -7,7 +7,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // What the caller asks of the unit converter: one argument of fields "key=value|".
 struct RichiestaKx {
@@ -41,4 +41,4 @@ class FinestraKx : public QDialog {
     bool valido_ = false;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -24,6 +24,7 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "desktop/controlli.h"
 #include "desktop/finestra_recupero.h"
 #include "desktop/pagina_riepilogo.h"
 #include "desktop/pannello_secondario.h"
@@ -32,13 +33,12 @@
 #include "desktop/relazione_pdf.h"
 #include "desktop/schizzi.h"
 #include "desktop/tabella_piena.h"
-#include "desktop/tavole.h"
 #include "desktop/tema.h"
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 #include "desktop/vista_relazione.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -523,4 +523,4 @@ void FinestraPrincipale::closeEvent(QCloseEvent* evento) {
     evento->accept();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

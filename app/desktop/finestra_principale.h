@@ -12,7 +12,7 @@ class QLabel;
 class QMenu;
 class QTabWidget;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class PaginaRiepilogo;
 class PannelloSecondario;
@@ -78,4 +78,4 @@ class FinestraPrincipale : public QMainWindow {
     std::string recente_ = "-";  // file at the head of the recent ones
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -12,7 +12,7 @@
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 FinestraRecupero::FinestraRecupero(Pilota& pilota, QWidget* padre)
     : QDialog(padre), pilota_(pilota), tabella_(new QTableWidget(this)) {
@@ -90,4 +90,4 @@ void FinestraRecupero::Elimina() {
     Riempi();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

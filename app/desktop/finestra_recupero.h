@@ -8,7 +8,7 @@
 class QPushButton;
 class QTableWidget;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class Pilota;
 
@@ -32,4 +32,4 @@ class FinestraRecupero : public QDialog {
     std::vector<CopiaTrovata> copie_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

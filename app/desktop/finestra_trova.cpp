@@ -18,13 +18,13 @@
 #include <map>
 #include <sstream>
 
+#include "base/direttori.h"
 #include "base/file_testo.h"
 #include "desktop/testo_qt.h"
+#include "guscio/trova.h"
 #include "modelimport/liste.h"
-#include "session/direttori.h"
-#include "trova/trova.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -373,4 +373,4 @@ bool TrovaInFinestra(const struct Direttori& d, bool nodi, QWidget* padre, const
     return TrovaNodi(d, scelta, ingresso, uscita, p) == 0;
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -6,13 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "base/direttori.h"
 #include "modelimport/struttura.h"
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // The structure's nodes and members in plan and in two elevations, to pick from. A click picks or
 // drops; a drag picks all that lies in the band; the wheel zooms.
@@ -91,6 +92,6 @@ class FinestraTrova : public QDialog {
 
 // Takes the place of the companion tools: reads their input file in the work directory, lets the
 // user pick, and has the tools' own routine write TrovaOut.txt. True when something was picked.
-bool TrovaInFinestra(const struct Direttori& d, bool nodi, QWidget* padre, const Piattaforma& p);
+bool TrovaInFinestra(const Direttori& d, bool nodi, QWidget* padre, const Piattaforma& p);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -8,7 +8,7 @@
 #include "verification/riepilogo.h"
 #include "verification/saldature.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -360,4 +360,4 @@ QString NomeParte(const Forma& f) {
     return QStringLiteral("Bullone %1").arg(f.indice);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -7,7 +7,7 @@
 
 #include "joint/nodo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // The joint as named shapes in millimetres, for drawing and for finding what was clicked.
 //   fronte  seen along the secondary beam: x across, y up, origin as the bolts have it
@@ -59,4 +59,4 @@ bool ParteDelCampo(const std::string& campo, Parte& parte, int& gruppoSaldatura)
 std::string CampoDellaParte(const Forma& forma);
 QString NomeParte(const Forma& forma);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

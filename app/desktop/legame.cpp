@@ -23,7 +23,7 @@
 #include "session/gestori.h"
 #include "session/importazione.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -526,4 +526,4 @@ std::vector<std::string> Legame::SenzaElemento() const {
     return mancano;
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

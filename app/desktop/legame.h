@@ -15,9 +15,12 @@ class QTimer;
 class QWidget;
 
 namespace tk07 {
+struct Sessione;
+}
+
+namespace tk07::desktop {
 
 class Pilota;
-struct Sessione;
 
 // One row of a panel's table: where a control stands and what is written beside it. The kind of
 // widget follows from the control's own kind.
@@ -89,4 +92,4 @@ class Legame : public QObject {
 // The panel of that name.
 Pannello& PannelloDi(Sessione& s, const std::string& nome);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

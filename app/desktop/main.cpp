@@ -31,5 +31,5 @@ int main(int argc, char** argv) {
         if (a == "--version") return std::fputs("TK07 " TK07_VERSIONE "\n", stdout) < 0 ? 2 : 0;
     }
     QApplication app(argc, argv);
-    return tk07::EseguiGui(app, QCoreApplication::arguments());
+    return tk07::desktop::EseguiGui(app, QCoreApplication::arguments());
 }

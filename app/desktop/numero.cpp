@@ -8,7 +8,7 @@
 #include "base/testo.h"
 #include "desktop/testo_qt.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -197,4 +197,4 @@ SestettiIncollati PreparaSestetti(const QString& testo, int colonna, bool propri
     return s;
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

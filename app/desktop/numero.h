@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // A number as an Italian hand or spreadsheet writes it, in the form that the fields read: decimal
 // point, no thousands, plain minus. "1.234,5" -> "1234.5", "12,5" -> "12.5", "1.234.567" ->
@@ -32,4 +32,4 @@ struct SestettiIncollati {
 // the load case. `propria` says that the text comes from this table.
 SestettiIncollati PreparaSestetti(const QString& testo, int colonna, bool propria);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

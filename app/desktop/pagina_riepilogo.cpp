@@ -17,7 +17,7 @@
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -276,4 +276,4 @@ void PaginaRiepilogo::Aggiorna() {
     Q_EMIT sceltaCambiata();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -9,7 +9,7 @@
 
 class QSortFilterProxyModel;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class Pilota;
 
@@ -66,4 +66,4 @@ class PaginaRiepilogo : public QWidget {
     bool aggiornando_ = false;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -20,14 +20,14 @@
 #include <algorithm>
 
 #include "base/testo.h"
+#include "desktop/controlli.h"
 #include "desktop/pianta_bulloni.h"
 #include "desktop/pilota.h"
-#include "desktop/tavole.h"
 #include "desktop/testo_qt.h"
 #include "drawing/colori.h"
 #include "session/importazione.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -282,4 +282,4 @@ void PannelloSecondario::keyPressEvent(QKeyEvent* evento) {
     QDialog::keyPressEvent(evento);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

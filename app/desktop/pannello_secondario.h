@@ -7,7 +7,7 @@
 
 class QVBoxLayout;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class PiantaBulloni;
 class Pilota;
@@ -41,4 +41,4 @@ class PannelloSecondario : public QDialog {
     QWidget* spiega_ = nullptr;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

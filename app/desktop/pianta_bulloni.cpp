@@ -13,7 +13,7 @@
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -337,4 +337,4 @@ void PiantaBulloni::Rinuncia() {
     update();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

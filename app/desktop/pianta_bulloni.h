@@ -7,7 +7,7 @@
 
 #include "bolting/proposte.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class Pilota;
 
@@ -66,4 +66,4 @@ class PiantaBulloni : public QWidget {
     std::optional<QPointF> muoveDa_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

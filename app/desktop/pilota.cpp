@@ -10,7 +10,7 @@
 #include "desktop/testo_qt.h"
 #include "session/pannello_insdati.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -255,4 +255,4 @@ void Pilota::CopiaOra() {
     }
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

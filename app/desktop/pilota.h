@@ -13,7 +13,7 @@
 #include "session/storia.h"
 #include "verification/esame.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // Drives the session for the windows: every command passes here, so that each is one step of undo,
 // the windows follow the panels' state afterwards, and the joint is judged while it changes. Holds
@@ -109,4 +109,4 @@ class Pilota : public QObject {
     QTimer copia_{this};
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

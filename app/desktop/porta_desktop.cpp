@@ -13,11 +13,11 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
-#include "cli/porta_cli.h"
 #include "desktop/testo_qt.h"
 #include "finestre/servizio_finestra.h"
+#include "guscio/porta_cli.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -194,4 +194,4 @@ Piattaforma PortaDesktop(const std::function<QWidget*()>& finestra,
     return p;
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // The session's port on the desktop: real boxes, dialogs and programs.
 //   finestra       the window that boxes belong to when no other is active
@@ -20,4 +20,4 @@ Piattaforma PortaDesktop(const std::function<QWidget*()>& finestra,
 // A dialog's filters "description|pattern|..." in the toolkit's form.
 QString FiltroQt(const std::string& filtro);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -6,10 +6,10 @@
 #include <QPushButton>
 #include <QStandardPaths>
 
-#include "cli/albero.h"
 #include "desktop/testo_qt.h"
+#include "guscio/albero.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 bool TrovaAlberoOChiedi(Avvio& avvio) {
     if (TrovaAlbero(avvio) != Origine::partenza) return true;
@@ -48,4 +48,4 @@ bool TrovaAlberoOChiedi(Avvio& avvio) {
     return avvio.diroot.has_value();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

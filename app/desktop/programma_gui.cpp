@@ -8,15 +8,15 @@
 #include <QTranslator>
 
 #include "base/testo.h"
-#include "cli/programma.h"
 #include "desktop/finestra_principale.h"
 #include "desktop/finestra_trova.h"
 #include "desktop/pilota.h"
 #include "desktop/porta_desktop.h"
 #include "desktop/primo_avvio.h"
 #include "desktop/testo_qt.h"
+#include "guscio/programma.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 void PreparaApplicazione(QApplication& app) {
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
@@ -99,4 +99,4 @@ int EseguiGui(QApplication& app, const QStringList& argomenti) {
     return codice;
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

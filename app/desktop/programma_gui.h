@@ -2,11 +2,11 @@
 
 #include <QString>
 
-#include "session/direttori.h"
+#include "base/direttori.h"
 
 class QApplication;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // Font, Italian texts of the standard buttons and dialogs. Once, before the first window.
 void PreparaApplicazione(QApplication& app);
@@ -19,4 +19,4 @@ std::string FileDaAprire(const QStringList& argomenti);
 // The whole run: start-up, windows, end. Returns the exit code.
 int EseguiGui(QApplication& app, const QStringList& argomenti);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -5,7 +5,7 @@
 #include "base/file_testo.h"
 #include "base/testo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 Recenti::Recenti(std::string file) : file_(std::move(file)) {
     for (const std::string& r : LeggiRighe(file_).righe) {
@@ -24,4 +24,4 @@ void Recenti::Aggiungi(const std::string& percorso) {
     ScriviFile(file_, testo, Codifica::utf8);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // Joint files opened or saved last, the newest first, kept as lines of a text file of the tree.
 class Recenti {
@@ -19,4 +19,4 @@ class Recenti {
     std::vector<std::string> elenco_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -12,7 +12,7 @@
 #include "render/figura3d.h"
 #endif
 
-namespace tk07 {
+namespace tk07::desktop {
 
 void ScriviRelazionePdf(Pilota& pilota, FormaRelazione forma, QWidget* padre) {
     const Sessione& s = pilota.LaSessione();
@@ -60,4 +60,4 @@ void ScriviRelazionePdf(Pilota& pilota, FormaRelazione forma, QWidget* padre) {
                 Segno::informazione, Pulsanti::OK);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "verification/reports/esteso.h"
+#include "reports/esteso.h"
 
 class QWidget;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class Pilota;
 
@@ -12,4 +12,4 @@ class Pilota;
 // wrong is told in a box.
 void ScriviRelazionePdf(Pilota& pilota, FormaRelazione forma, QWidget* padre);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

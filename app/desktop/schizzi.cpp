@@ -8,7 +8,7 @@
 #include "base/aritmetica.h"
 #include "desktop/vista_nodo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 SchizzoSezione::SchizzoSezione(QWidget* padre) : QWidget(padre) {
     setFixedSize(sizeHint());
@@ -113,4 +113,4 @@ void SchemaAzioni::paintEvent(QPaintEvent*) {
     }
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -5,9 +5,9 @@
 #include <QVector>
 #include <QWidget>
 
-#include "drawing/profilo_dis.h"
+#include "drawing/profilo_tavola.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // Surface on which a beam's section is drawn; it keeps the strokes that it was given.
 class SchizzoSezione : public QWidget {
@@ -38,4 +38,4 @@ class SchemaAzioni : public QWidget {
     void paintEvent(QPaintEvent* evento) override;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -10,10 +10,10 @@
 #include "desktop/numero.h"
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
+#include "joint/tabella_carichi.h"
 #include "session/gestori.h"
-#include "session/tabella_carichi.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -185,4 +185,4 @@ void TabellaPiena::keyPressEvent(QKeyEvent* evento) {
     QTableView::keyPressEvent(evento);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

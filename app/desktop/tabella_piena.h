@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <QTableView>
 
-namespace tk07 {
+namespace tk07::desktop {
 
 class Pilota;
 
@@ -52,4 +52,4 @@ class TabellaPiena : public QTableView {
     ModelloCarichi* modello_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

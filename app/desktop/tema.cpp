@@ -8,7 +8,7 @@
 #include "base/file_testo.h"
 #include "base/testo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -69,4 +69,4 @@ void ApplicaTema(Tema tema) {
     QApplication::setPalette(chiara);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

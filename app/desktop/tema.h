@@ -4,7 +4,7 @@
 
 class QPalette;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // Colours of the windows: as the system has them, or light or dark whatever it has.
 enum class Tema { sistema, chiaro, scuro };
@@ -14,4 +14,4 @@ void RicordaTema(const std::string& file, Tema tema);
 void ApplicaTema(Tema tema);
 QPalette TavolozzaScura();
 
-}  // namespace tk07
+}  // namespace tk07::desktop

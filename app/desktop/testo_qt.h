@@ -3,7 +3,7 @@
 #include <QString>
 #include <string>
 
-namespace tk07 {
+namespace tk07::desktop {
 
 inline QString Q(const std::string& testo) { return QString::fromStdString(testo); }
 inline std::string S(const QString& testo) { return testo.toStdString(); }
@@ -17,4 +17,4 @@ inline QString Misura(double x) {
 // A ratio with two decimals, rounded up above 1 so that a failing check never reads "1.00".
 QString RapportoMostrato(double r);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -8,7 +8,7 @@
 
 #include "desktop/testo_qt.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -422,4 +422,4 @@ void VistaNodo::leaveEvent(QEvent*) {
     update();
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

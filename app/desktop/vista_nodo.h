@@ -6,7 +6,7 @@
 #include "desktop/geometria_nodo.h"
 #include "verification/riepilogo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // The joint drawn to scale: front view of the plates, side section, view from above. A part under
 // the pointer is named, a click on it leads to its field; the part of the field in hand is marked
@@ -75,4 +75,4 @@ QColor TestoRapporto(double r, const QColor& fondo);
 // What marks the field or part in hand, on light and dark grounds.
 QColor ColoreMarcato(const QColor& fondo);
 
-}  // namespace tk07
+}  // namespace tk07::desktop

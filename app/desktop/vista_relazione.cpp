@@ -19,7 +19,7 @@
 #include "desktop/testo_qt.h"
 #include "verification/riepilogo.h"
 
-namespace tk07 {
+namespace tk07::desktop {
 
 namespace {
 
@@ -196,4 +196,4 @@ void VistaRelazione::Cerca(bool indietro) {
     cerca_->setPalette(p);
 }
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -7,7 +7,7 @@ class QLineEdit;
 class QPlainTextEdit;
 class QTextBlock;
 
-namespace tk07 {
+namespace tk07::desktop {
 
 // The report with a search, opened at its verdict.
 class VistaRelazione : public QWidget {
@@ -41,4 +41,4 @@ class VistaRelazione : public QWidget {
     QPlainTextEdit* testo_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::desktop

@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "cli/programma.h"
+#include "guscio/programma.h"
 
 namespace tk07 {
 

@@ -8,8 +8,8 @@
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    tk07::PreparaApplicazione(app);
+    tk07::desktop::PreparaApplicazione(app);
     const QString riga = QCoreApplication::arguments().mid(1).join(QLatin1Char(' '));
-    tk07::FinestraKx finestra(tk07::LeggiRichiestaKx(riga.toStdString()));
+    tk07::desktop::FinestraKx finestra(tk07::desktop::LeggiRichiestaKx(riga.toStdString()));
     return finestra.exec() == QDialog::Accepted ? 0 : 1;
 }

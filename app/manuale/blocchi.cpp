@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-namespace tk07 {
+namespace tk07::manuale {
 
 namespace {
 
@@ -77,4 +77,4 @@ QList<Blocco> LeggiBlocchi(const QString& markdown) {
     return blocchi;
 }
 
-}  // namespace tk07
+}  // namespace tk07::manuale

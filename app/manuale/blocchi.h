@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tk07 {
+namespace tk07::manuale {
 
 // A piece of a chapter. The Markdown of the manual is a subset: headings, paragraphs, lists of one
 // level, fenced code, tables with a head, and figures alone on their line. What is inside a
@@ -21,4 +21,4 @@ struct Blocco {
 
 QList<Blocco> LeggiBlocchi(const QString& markdown);
 
-}  // namespace tk07
+}  // namespace tk07::manuale

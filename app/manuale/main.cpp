@@ -51,7 +51,7 @@ int main(int argc, char** argv) {
         carta.setPageMargins(QMarginsF(20.0, 14.0, 20.0, 12.0), QPageLayout::Millimeter);
         carta.setTitle(QStringLiteral("TK07 - Manuale"));
         carta.setCreator(QStringLiteral("TK07 " TK07_VERSIONE));
-        tk07::Impaginatore pagine(carta);
+        tk07::manuale::Impaginatore pagine(carta);
         QString errore;
         for (const QString& nome : capitoli) {
             QFile f(cartella.filePath(nome));

@@ -10,7 +10,7 @@
 #include <map>
 #include <numeric>
 
-namespace tk07 {
+namespace tk07::manuale {
 
 namespace {
 
@@ -492,4 +492,4 @@ bool Impaginatore::Scrivi(const QString& titolo, const QString& sottotitolo,
     return true;
 }
 
-}  // namespace tk07
+}  // namespace tk07::manuale

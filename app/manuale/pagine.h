@@ -9,7 +9,7 @@
 #include "manuale/blocchi.h"
 #include "pdf/segnalibri.h"
 
-namespace tk07 {
+namespace tk07::manuale {
 
 // A piece that is never split over two pages.
 struct Riquadro {
@@ -68,4 +68,4 @@ class Impaginatore {
     std::vector<Rimando> rimandi_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::manuale

@@ -24,7 +24,7 @@
 #include "render/esporta.h"
 #include "render/tavola.h"
 
-namespace tk07 {
+namespace tk07::mostradis {
 
 namespace {
 
@@ -276,4 +276,4 @@ bool Finestra::Stampa(QPrinter& stampante) {
     return p.end();
 }
 
-}  // namespace tk07
+}  // namespace tk07::mostradis

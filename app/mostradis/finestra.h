@@ -13,7 +13,7 @@ class QLabel;
 class QListWidget;
 class QPrinter;
 
-namespace tk07 {
+namespace tk07::mostradis {
 
 inline constexpr const char* kTitoloVisualizzatore = "VISUALIZZAZIONE FILE DISEGNO - ";
 
@@ -53,4 +53,4 @@ class Finestra : public FinestraFile {
     std::array<QString, kColori> nomiStrati_;
 };
 
-}  // namespace tk07
+}  // namespace tk07::mostradis

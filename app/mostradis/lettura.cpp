@@ -10,12 +10,12 @@
 #include "base/file_testo.h"
 #include "base/piattaforma.h"
 #include "base/testo.h"
-#include "cli/programma.h"
 #include "drawing/dis.h"
 #include "drawing/vista_grb.h"
+#include "guscio/programma.h"
 #include "render/pittura.h"
 
-namespace tk07 {
+namespace tk07::mostradis {
 
 namespace {
 
@@ -204,4 +204,4 @@ Cartiglio CartiglioDiFile(const Disegno& d, const std::string& file) {
     return c;
 }
 
-}  // namespace tk07
+}  // namespace tk07::mostradis

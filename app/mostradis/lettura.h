@@ -10,7 +10,7 @@
 #include "options/opzioni.h"
 #include "render/tavola.h"
 
-namespace tk07 {
+namespace tk07::mostradis {
 
 // Name of the drawing that the exchange file mostradis.inp asks for: six lines, the whole number 2,
 // the drawing's full name, then 0, 0, 8000, 8000. A relative name counts from the file's own
@@ -40,4 +40,4 @@ std::string ElencaDisegno(const DisegnoLetto& letto, const std::string& file);
 // its texts.
 Cartiglio CartiglioDiFile(const Disegno& d, const std::string& file);
 
-}  // namespace tk07
+}  // namespace tk07::mostradis

@@ -8,10 +8,10 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
-#include "cli/italiano.h"
-#include "cli/porta_cli.h"
-#include "cli/programma.h"
-#include "cli/schermo.h"
+#include "guscio/italiano.h"
+#include "guscio/porta_cli.h"
+#include "guscio/programma.h"
+#include "guscio/schermo.h"
 #include "mostradis/finestra.h"
 #include "mostradis/lettura.h"
 #include "render/esporta.h"
@@ -19,6 +19,7 @@
 namespace {
 
 using namespace tk07;
+using namespace tk07::mostradis;
 
 constexpr int kUso = 2;
 

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <utility>
 
-namespace tk07 {
+namespace tk07::mostradis {
 
 namespace {
 
@@ -219,4 +219,4 @@ void Vista::leaveEvent(QEvent*) {
     if (suPosizione) suPosizione({});
 }
 
-}  // namespace tk07
+}  // namespace tk07::mostradis

@@ -10,7 +10,7 @@
 #include "drawing/archivio.h"
 #include "render/pittura.h"
 
-namespace tk07 {
+namespace tk07::mostradis {
 
 // Notable point (line end, arc end, centre) nearest to `punto` within `raggio`, all in drawing
 // units, among the visible elements.
@@ -64,4 +64,4 @@ class Vista : public QWidget {
     std::optional<QPointF> sotto_;            // pointer while measuring
 };
 
-}  // namespace tk07
+}  // namespace tk07::mostradis

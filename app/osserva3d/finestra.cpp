@@ -20,10 +20,10 @@
 
 #include "base/file_testo.h"
 #include "render/esporta.h"
-#include "render/solidi/esporta_solidi.h"
 #include "scene3d/file_scena.h"
+#include "solidi/esporta_solidi.h"
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 namespace {
 
@@ -430,4 +430,4 @@ bool Finestra3D::Esporta(const QString& file) {
     return errore.isEmpty();
 }
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

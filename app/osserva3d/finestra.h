@@ -12,7 +12,7 @@ class QLabel;
 class QListWidget;
 class QSlider;
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 inline constexpr const char* kTitoloOsserva = "Osserva3D - ";
 
@@ -66,4 +66,4 @@ struct VistaNota {
 };
 VistaNota VistaNumero(int numero, const Scena& scena);
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

@@ -8,7 +8,7 @@
 #include "base/file_testo.h"
 #include "base/testo.h"
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 namespace {
 
@@ -68,4 +68,4 @@ std::string ElencaScena(const Scena& s, const std::string& file) {
     return r;
 }
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

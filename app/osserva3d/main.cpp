@@ -10,10 +10,10 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
-#include "cli/italiano.h"
-#include "cli/porta_cli.h"
-#include "cli/programma.h"
-#include "cli/schermo.h"
+#include "guscio/italiano.h"
+#include "guscio/porta_cli.h"
+#include "guscio/programma.h"
+#include "guscio/schermo.h"
 #include "osserva3d/finestra.h"
 #include "osserva3d/lettura.h"
 #include "render/esporta.h"
@@ -22,6 +22,7 @@
 namespace {
 
 using namespace tk07;
+using namespace tk07::osserva3d;
 
 constexpr int kUso = 2;
 

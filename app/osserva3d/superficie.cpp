@@ -12,7 +12,7 @@
 #include "base/aritmetica.h"
 #include "scene3d/terna.h"
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 namespace {
 
@@ -279,4 +279,4 @@ Superficie* FaiSuperficie(QWidget* padre) {
     return s != nullptr ? s : FaiSuperficiePittura(padre);
 }
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "render/pittura3d.h"
-#include "render/solidi/viste_solidi.h"
+#include "solidi/viste_solidi.h"
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 // The eye goes round the joint: angles in degrees, Z stays upright.
 struct Camera {
@@ -121,4 +121,4 @@ Superficie* FaiSuperficiePittura(QWidget* padre);
 // Null where it does not run.
 Superficie* FaiSuperficieGl(QWidget* padre);
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

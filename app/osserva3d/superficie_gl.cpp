@@ -31,7 +31,7 @@
 #include <V3d_Viewer.hxx>
 #include <Xw_Window.hxx>
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 namespace {
 
@@ -334,4 +334,4 @@ Superficie* FaiSuperficieGl(QWidget* padre) {
     }
 }
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

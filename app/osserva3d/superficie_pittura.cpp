@@ -8,7 +8,7 @@
 #include "osserva3d/superficie.h"
 #include "scene3d/terna.h"
 
-namespace tk07 {
+namespace tk07::osserva3d {
 
 namespace {
 
@@ -153,4 +153,4 @@ class SuperficiePittura final : public Superficie {
 
 Superficie* FaiSuperficiePittura(QWidget* padre) { return new SuperficiePittura(padre); }
 
-}  // namespace tk07
+}  // namespace tk07::osserva3d

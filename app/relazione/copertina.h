@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "verification/reports/esteso.h"
+#include "reports/esteso.h"
 
 class QPainter;
 

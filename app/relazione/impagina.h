@@ -11,7 +11,7 @@
 
 #include "pdf/segnalibri.h"
 #include "relazione/carattere.h"
-#include "verification/reports/esteso.h"
+#include "reports/esteso.h"
 
 class QPainter;
 

@@ -8,8 +8,8 @@
 #include <optional>
 
 #include "relazione/carattere.h"
+#include "reports/esteso_verifiche.h"
 #include "verification/poligono.h"
-#include "verification/reports/esteso_verifiche.h"
 
 namespace tk07 {
 

@@ -2,7 +2,7 @@
 
 #include <QRectF>
 
-#include "verification/reports/esteso.h"
+#include "reports/esteso.h"
 
 class QPainter;
 

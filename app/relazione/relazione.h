@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "relazione/impagina.h"
+#include "reports/esteso.h"
 #include "session/sessione.h"
-#include "verification/reports/esteso.h"
 
 namespace tk07 {
 

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <vector>
 
-#include "render/solidi/viste_solidi.h"
+#include "solidi/viste_solidi.h"
 
 class QPainter;
 

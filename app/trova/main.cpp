@@ -6,10 +6,10 @@
 #include <iostream>
 
 #include "base/testo.h"
-#include "cli/italiano.h"
-#include "cli/porta_cli.h"
-#include "cli/programma.h"
-#include "trova/trova.h"
+#include "guscio/italiano.h"
+#include "guscio/porta_cli.h"
+#include "guscio/programma.h"
+#include "guscio/trova.h"
 
 namespace {
 

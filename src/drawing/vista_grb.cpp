@@ -7,7 +7,7 @@
 
 #include "base/aritmetica.h"
 #include "base/errore.h"
-#include "drawing/parametri_dis.h"
+#include "drawing/parametri_tavola.h"
 #include "drawing/quote.h"
 
 namespace tk07 {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "drawing/parametri_dis.h"
-#include "drawing/saldature_dis.h"
+#include "drawing/parametri_tavola.h"
+#include "drawing/saldature_tavola.h"
 #include "joint/nodo.h"
 
 namespace tk07 {

@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/direttori.h"
 #include "base/piattaforma.h"
 #include "modelimport/struttura.h"
-#include "session/direttori.h"
 
 namespace tk07 {
 

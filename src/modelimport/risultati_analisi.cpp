@@ -13,9 +13,9 @@
 
 #include "base/aritmetica.h"
 #include "base/file_testo.h"
+#include "joint/tabella_carichi.h"
 #include "modelimport/liste.h"
 #include "modelimport/struttura.h"
-#include "session/tabella_carichi.h"
 
 namespace tk07 {
 

@@ -7,10 +7,10 @@
 #include "base/testo.h"
 #include "bolting/proposte.h"
 #include "joint/controlla_dati.h"
+#include "joint/tabella_carichi.h"
 #include "session/disegno.h"
 #include "session/gestori.h"
 #include "session/pannello_insdati.h"
-#include "session/tabella_carichi.h"
 #include "session/vista3d.h"
 #include "textnum/formatta.h"
 

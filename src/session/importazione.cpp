@@ -5,12 +5,12 @@
 #include <memory>
 
 #include "base/testo.h"
+#include "joint/tabella_carichi.h"
 #include "modelimport/cerca_aste.h"
 #include "modelimport/liste.h"
 #include "modelimport/risultati_analisi.h"
 #include "modelimport/sezioni_struttura.h"
 #include "session/gestori.h"
-#include "session/tabella_carichi.h"
 #include "session/vista3d.h"
 
 namespace tk07 {

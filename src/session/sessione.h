@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/direttori.h"
 #include "base/piattaforma.h"
 #include "bolting/bulloni_temp.h"
 #include "drawing/archivio.h"
@@ -16,7 +17,6 @@
 #include "libraries/profili.h"
 #include "options/opzioni.h"
 #include "scene3d/scena.h"
-#include "session/direttori.h"
 #include "session/pannello.h"
 #include "textnum/unita.h"
 #include "verification/risultati.h"

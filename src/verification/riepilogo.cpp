@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "base/aritmetica.h"
-#include "verification/reports/relazione.h"
+#include "reports/relazione.h"
 #include "verification/saldature.h"
 
 namespace tk07 {

@@ -3,10 +3,10 @@
 #include <memory>
 
 #include "base/file_testo.h"
+#include "reports/relazione.h"
 #include "verification/azioni_bulloni.h"
 #include "verification/interassi.h"
 #include "verification/piastra.h"
-#include "verification/reports/relazione.h"
 #include "verification/resistenze.h"
 #include "verification/saldature.h"
 

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <utility>
 
-#include "cli/inizializza.h"
+#include "guscio/inizializza.h"
 
 namespace tk07::prova {
 

@@ -16,6 +16,8 @@
 
 namespace tk07::prova {
 
+using namespace desktop;
+
 // The desktop program offscreen on a tree of its own, with the tests' port behind the windows.
 struct BancoGui {
     Cartella cartella;

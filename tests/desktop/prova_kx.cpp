@@ -6,6 +6,8 @@
 #include "textnum/scelta_unita.h"
 
 namespace tk07::prova {
+
+using namespace desktop;
 namespace {
 
 // Factors from the units' own definitions: 1 daN = 10 N, 1 kN m = 10000 daN cm, 1 kgf = 9.80665 N.

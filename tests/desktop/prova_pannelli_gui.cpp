@@ -16,6 +16,7 @@
 
 #include "banco_gui.h"
 #include "base/testo.h"
+#include "desktop/controlli.h"
 #include "desktop/finestra_kx.h"
 #include "desktop/finestra_recupero.h"
 #include "desktop/finestra_trova.h"
@@ -23,13 +24,14 @@
 #include "desktop/pianta_bulloni.h"
 #include "desktop/programma_gui.h"
 #include "desktop/tabella_piena.h"
-#include "desktop/tavole.h"
 #include "desktop/tema.h"
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 #include "desktop/vista_relazione.h"
 
 namespace tk07::prova {
+
+using namespace desktop;
 namespace {
 
 struct Ambiente : testing::Environment {

@@ -5,12 +5,14 @@
 #include <QTimer>
 
 #include "base/file_testo.h"
-#include "cli/albero.h"
 #include "desktop/banco_gui.h"
 #include "desktop/primo_avvio.h"
 #include "desktop/programma_gui.h"
+#include "guscio/albero.h"
 
 namespace tk07::prova {
+
+using namespace desktop;
 namespace {
 
 namespace fs = std::filesystem;

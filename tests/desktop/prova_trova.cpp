@@ -6,6 +6,8 @@
 #include "modelimport/struttura.h"
 
 namespace tk07::prova {
+
+using namespace desktop;
 namespace {
 
 // On the shipped frame: node 105 lies at the third of the first main beam; its members are 11, 12

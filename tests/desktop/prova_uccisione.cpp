@@ -13,6 +13,8 @@
 #include "session/recupero.h"
 
 namespace tk07 {
+
+using namespace desktop;
 namespace {
 
 namespace fs = std::filesystem;

@@ -20,8 +20,8 @@
 #include <system_error>
 
 #include "aiuti/prova.h"
-#include "cli/json_nodo.h"
-#include "cli/protocollo.h"
+#include "guscio/json_nodo.h"
+#include "guscio/protocollo.h"
 
 namespace tk07 {
 namespace {

@@ -10,7 +10,7 @@
 #include "drawing/dis.h"
 #include "drawing/dxf.h"
 #include "drawing/grb.h"
-#include "drawing/profilo_dis.h"
+#include "drawing/profilo_tavola.h"
 #include "drawing/quote.h"
 #include "drawing/viste.h"
 #include "nodi_casuali.h"

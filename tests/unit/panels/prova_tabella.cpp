@@ -5,7 +5,7 @@
 
 #include "aiuti/prova.h"
 #include "base/testo.h"
-#include "session/tabella_carichi.h"
+#include "joint/tabella_carichi.h"
 
 namespace tk07 {
 namespace {

@@ -13,10 +13,10 @@
 #include "relazione/formula.h"
 #include "relazione/relazione.h"
 #include "render/esporta.h"
+#include "reports/esteso_verifiche.h"
+#include "reports/relazione.h"
 #include "unit/drawing/nodi_casuali.h"
 #include "unit/relazione/lettura.h"
-#include "verification/reports/esteso_verifiche.h"
-#include "verification/reports/relazione.h"
 
 namespace tk07 {
 namespace {

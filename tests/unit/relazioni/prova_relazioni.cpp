@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "base/testo.h"
+#include "reports/relazione.h"
 #include "unit/verification/nodo_di_prova.h"
-#include "verification/reports/relazione.h"
 #include "verification/verifica_nodo.h"
 
 namespace tk07 {

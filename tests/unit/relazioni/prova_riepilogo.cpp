@@ -5,9 +5,9 @@
 #include "aiuti/prova.h"
 #include "base/testo.h"
 #include "joint/file_nodo.h"
+#include "reports/relazione.h"
 #include "verification/esame.h"
 #include "verification/poligono.h"
-#include "verification/reports/relazione.h"
 #include "verification/verifica_nodo.h"
 
 namespace tk07 {

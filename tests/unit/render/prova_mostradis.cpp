@@ -16,6 +16,8 @@
 #include "render/esporta.h"
 
 namespace tk07 {
+
+using namespace mostradis;
 namespace {
 
 const Piattaforma kMuta = PiattaformaMuta();

@@ -7,8 +7,8 @@
 
 #include "aiuti/prova.h"
 #include "base/testo.h"
-#include "cli/porta_cli.h"
-#include "cli/protocollo.h"
+#include "guscio/porta_cli.h"
+#include "guscio/protocollo.h"
 
 namespace tk07::prova {
 

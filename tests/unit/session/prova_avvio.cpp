@@ -1,4 +1,4 @@
-#include "session/direttori.h"
+#include "base/direttori.h"
 #include "unit/session/copione.h"
 
 namespace tk07 {

@@ -14,10 +14,10 @@
 #include <filesystem>
 #include <map>
 
-#include "render/solidi/distinta.h"
-#include "render/solidi/esporta_solidi.h"
-#include "render/solidi/linee_nascoste.h"
-#include "render/solidi/prisma.h"
+#include "solidi/distinta.h"
+#include "solidi/esporta_solidi.h"
+#include "solidi/linee_nascoste.h"
+#include "solidi/prisma.h"
 #include "unit/solidi/solidi_di_prova.h"
 
 namespace tk07 {

@@ -22,6 +22,8 @@
 #include "verification/saldature.h"
 
 namespace tk07 {
+
+using namespace osserva3d;
 namespace {
 
 const Piattaforma kMuta = PiattaformaMuta();

@@ -12,7 +12,7 @@
 #include <map>
 #include <numbers>
 
-#include "render/solidi/prisma.h"
+#include "solidi/prisma.h"
 #include "unit/drawing/nodi_casuali.h"
 #include "unit/solidi/solidi_di_prova.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "render/solidi/solidi.h"
+#include "solidi/solidi.h"
 #include "unit/scene3d/scena_di_prova.h"
 
 namespace tk07::prova {

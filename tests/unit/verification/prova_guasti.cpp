@@ -8,9 +8,9 @@
 
 #include "base/testo.h"
 #include "nodo_di_prova.h"
+#include "reports/relazione.h"
 #include "unit/joint/confronto.h"
 #include "verification/interassi.h"
-#include "verification/reports/relazione.h"
 #include "verification/saldature.h"
 #include "verification/verifica_nodo.h"
 
