@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/aritmetica.h"
+#include "norme/distanze.h"
 
 namespace tk07 {
 
@@ -10,7 +11,6 @@ namespace {
 
 constexpr double kLarghezzaMinima = 120.0;  // mm, floor on the width of both plates
 constexpr double kInSu = 0.99;              // with Int: up to the next whole millimetre
-constexpr double kSenzaLimite = 1e20;       // mm
 
 constexpr const char* kNonCompatibili =
     "Diametro dei bulloni e dimensioni delle piastre 'non compatibili'. Aumentare lo spessore "
@@ -159,23 +159,16 @@ LimitiProposta LimitiPerProposta(const Nodo& nodo, const Opzioni& opz, double dP
     l.tMin = Min(nodo.SpPiastra(1), nodo.SpPiastra(2));
     l.distSald = opz.ValOpz(kOpzDistSaldatura);
     l.comune = AreaComune(nodo);
-    if (nodo.MetodoVerifica() == Metodo::TA) {
-        l.eMinX = 1.5 * l.d0;
-        l.eMinY = 2.0 * l.d0;
-        l.eMaxX = l.eMaxY = 6.0 * l.tMin;
-        l.eMax2X = l.eMax2Y = 9.0 * l.tMin;
-        l.passoMinX = l.passoMinY = 3.0 * l.d0;
-        l.passoMax = 15.0 * l.tMin;
-        return l;
-    }
-    l.eMinX = l.eMinY = 1.2 * l.d0;
-    double eMax = Max(8.0 * l.tMin, 125.0), passo = 175.0;  // resistant to corrosion
-    if (nodo.Esposizione == 0) eMax = 4.0 * l.tMin + 40.0, passo = 200.0;
-    if (nodo.Esposizione == 1) eMax = kSenzaLimite, passo = 200.0;
-    l.eMaxX = l.eMaxY = l.eMax2X = l.eMax2Y = eMax;
-    l.passoMinX = 2.4 * l.d0;
-    l.passoMinY = 2.2 * l.d0;
-    l.passoMax = Min(14.0 * l.tMin, passo);
+    const RegolaDistanze& r = RegolaDi(NormaDi(nodo), nodo.Esposizione);
+    using enum Direzione;
+    l.eMinX = r.BordoMin(orizzontale) * l.d0;
+    l.eMinY = r.BordoMin(verticale) * l.d0;
+    // Both bounds must leave room: as if no edge were stiffened, and as if all were.
+    l.eMaxX = l.eMaxY = r.BordoMassimo(l.tMin, false);
+    l.eMax2X = l.eMax2Y = r.BordoMassimo(l.tMin, true);
+    l.passoMinX = r.PassoMin(orizzontale) * l.d0;
+    l.passoMinY = r.PassoMin(verticale) * l.d0;
+    l.passoMax = r.PassoMassimo(l.tMin);
     return l;
 }
 

@@ -5,6 +5,8 @@
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
+#include "norme/cnr10011.h"
+#include "norme/ntc2018.h"
 #include "reports/comune.h"
 #include "reports/relazione.h"
 #include "verification/azioni_bulloni.h"
@@ -119,7 +121,7 @@ void DatiMateriali(const ContestoRel& c, std::vector<BloccoRel>& b) {
                   {"τ_{b,adm}"}},
                  {}};
     for (const bool casoII : {false, true}) {
-        const double k = casoII ? 1.125 : 1.0;
+        const double k = casoII ? cnr::kCasoII : 1.0;
         RigaRel r{{casoII ? "Comb. car. II" : "Comb. car. I"}};
         for (const double x : {a.Samm, a.Samm80, n.vite.SammVite, n.vite.TauAmmVite}) {
             r.celle.push_back(f.Tensione(x * k));
@@ -159,8 +161,7 @@ void Resistenze(const ContestoRel& c, std::vector<BloccoRel>& b) {
     const Risultati& r = c.ris;
     const CifreRel& f = c.cifre;
     Titolo(b, 2, "Resistenze dei bulloni");
-    const bool spessa = n.SpPiastra(1) > 40.0 || n.SpPiastra(2) > 40.0;
-    const double ftk = spessa ? n.acciaio.Ftk80 : n.acciaio.Ftk40;
+    const double ftk = FtkPiastre(n);
     const double t = Min(n.SpPiastra(1), n.SpPiastra(2)), g = n.vite.GammaMVite;
     const auto frazione = [&](const std::string& sopra) {
         return "\\frac{" + sopra + "}{" + TestoReale(g) + "}";
@@ -179,27 +180,27 @@ void Resistenze(const ContestoRel& c, std::vector<BloccoRel>& b) {
         const double d = n.Fibull(i), A = AreaResistente(d);
         const std::string area = TestoFisso(A, 2) + " mm²", ftb = f.TensioneU(n.vite.FtVite);
         const std::string ft = f.TensioneU(ftk), dm = TestoMm(d) + " mm", tm = TestoMm(t) + " mm";
-        const double a =
-            r.Fv_Rd(i) == 0.0 ? 0.0 : Arrotonda(r.Fv_Rd(i) * g * kMm2PerCm2 / n.vite.FtVite / A, 6);
+        const double a = FattoreTaglio(n.vite.Nome);
         Titolo(b, 3, "Bulloni " + chi + " (M" + TestoReale(d) + ")");
-        const auto riga = [&](const std::string& titolo, const std::string& clausola,
+        const auto riga = [&](const std::string& titolo, const Clausola& clausola,
                               const std::string& formula, const std::string& numeri, double x) {
             VerificaRel v;
             v.titolo = titolo;
-            v.clausola = "NTC 2018, 4.2.8.1.1 " + clausola;
+            v.clausola = tk07::Testo(clausola);
             v.formule = {formula + " = " + frazione(numeri) + " = " + f.ForzaU(x)};
             b.push_back(v);
         };
-        riga("Taglio", a == 0.5 ? "(4.2.64)" : "(4.2.63)",
+        riga("Taglio", a == 0.5 ? ntc::kTaglio05 : ntc::kTaglio06,
              "F_{v,Rd} = \\frac{" + TestoReale(a) + " f_{tb} A}{γ_{M2}}",
              TestoReale(a) + " · " + ftb + " · " + area, r.Fv_Rd(i));
-        riga("Rifollamento", "(4.2.67)", "F_{b,Rd} = \\frac{k α f_{tk} d t}{γ_{M2}}",
+        riga("Rifollamento", ntc::kRifollamento, "F_{b,Rd} = \\frac{k α f_{tk} d t}{γ_{M2}}",
              TestoCifre(k.k, 4) + " · " + TestoCifre(k.alfa, 4) + " · " + ft + " · " + dm + " · " +
                  tm,
              r.Fb_Rd(i));
-        riga("Trazione", "(4.2.68)", "F_{t,Rd} = \\frac{0.9 f_{tb} A}{γ_{M2}}",
+        riga("Trazione", ntc::kTrazione, "F_{t,Rd} = \\frac{0.9 f_{tb} A}{γ_{M2}}",
              "0.9 · " + ftb + " · " + area, r.Ft_Rd(i));
-        riga("Punzonamento", "(4.2.70)", "B_{p,Rd} = \\frac{0.6 π (1.5 d) t f_{tk}}{γ_{M2}}",
+        riga("Punzonamento", ntc::kPunzonamento,
+             "B_{p,Rd} = \\frac{0.6 π (1.5 d) t f_{tk}}{γ_{M2}}",
              "0.6 · π · 1.5 · " + dm + " · " + tm + " · " + ft, r.Bp_Rd(i));
     }
 }

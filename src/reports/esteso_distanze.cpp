@@ -1,3 +1,4 @@
+#include "base/testo.h"
 #include "reports/esteso_dati.h"
 #include "verification/interassi.h"
 
@@ -6,27 +7,38 @@ namespace tk07 {
 namespace {
 
 std::string RegoleInParole(const ContestoRel& c) {
-    if (!c.Slu()) {
-        return "Minimi: bordo 1.5 d0 in orizzontale e 2 d0 in verticale, interasse 3 d0. Massimi: "
-               "bordo 6 t (in verticale 9 t sulla piastra 1), interasse 15 t della più sottile.";
+    const RegolaDistanze& r = RegolaDi(NormaDi(c.n), c.n.Esposizione);
+    using enum Direzione;
+    // One value where the directions agree.
+    const auto minimo = [](double o, double v) {
+        return TestoReale(o) + " d0" +
+               (o == v ? "" : " in orizzontale e " + TestoReale(v) + " d0 in verticale");
+    };
+    const auto t = [](double quante) { return TestoReale(quante) + " t"; };
+    std::string testo = "Minimi: bordo " + minimo(r.BordoMin(orizzontale), r.BordoMin(verticale)) +
+                        ", interasse " + minimo(r.PassoMin(orizzontale), r.PassoMin(verticale)) +
+                        ". Massimi: bordo ";
+    if (!r.bordoLimitato) {
+        testo += "nessuno";
+    } else if (r.bordoAlmeno > 0.0) {
+        testo += "il maggiore tra " + TestoReale(r.bordoAlmeno) + " mm e " + t(r.bordoPerT);
+    } else {
+        testo += t(r.bordoPerT);
+        if (r.bordoPiu > 0.0) testo += " + " + TestoReale(r.bordoPiu) + " mm";
+        if (r.bordoIrrigiditoPerT != r.bordoPerT) {
+            testo += " (in verticale " + t(r.bordoIrrigiditoPerT) + " sulla piastra 1)";
+        }
     }
-    const std::string minimi =
-        "Minimi: bordo 1.2 d0, interasse 2.4 d0 in orizzontale e 2.2 d0 in verticale. Massimi: ";
-    switch (c.n.Esposizione) {
-        case 0:
-            return minimi + "bordo 4 t + 40 mm, interasse il minore tra 14 t e 200 mm (esposto).";
-        case 1:
-            return minimi + "bordo nessuno, interasse il minore tra 14 t e 200 mm (non esposto).";
-        default:
-            return minimi +
-                   "bordo il maggiore tra 125 mm e 8 t, interasse il minore tra 14 t e 175 mm "
-                   "(resistente alla corrosione).";
-    }
+    testo += ", interasse ";
+    if (!(r.passoAssoluto < kSenzaLimite)) return testo + t(r.passoPerT) + " della più sottile.";
+    testo += "il minore tra " + t(r.passoPerT) + " e " + TestoReale(r.passoAssoluto) + " mm (";
+    constexpr const char* kEsposizioni[] = {"esposto", "non esposto"};
+    const short e = c.n.Esposizione;
+    return testo + (e == 0 || e == 1 ? kEsposizioni[e] : "resistente alla corrosione") + ").";
 }
 
 RigaRel RigaDistanza(const DistanzaBulloni& d, const std::string& nome) {
-    constexpr double kSenzaLimite = 1e19;
-    const bool passa = d.minimo <= d.valore && d.valore <= d.massimo;
+    const bool passa = d.Rispettata();
     const std::string bulloni =
         std::to_string(d.bullone) + (d.altro > 0 ? " – " + std::to_string(d.altro) : "");
     return {{nome, bulloni, TestoFisso(d.valore, 2), TestoFisso(d.minimo, 2),

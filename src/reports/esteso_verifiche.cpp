@@ -7,9 +7,12 @@
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
+#include "norme/cnr10011.h"
+#include "norme/ntc2018.h"
 #include "reports/relazione.h"
 #include "textnum/formatta.h"
 #include "verification/piastra.h"
+#include "verification/resistenze.h"
 #include "verification/saldature.h"
 
 namespace tk07 {
@@ -149,12 +152,10 @@ std::array<std::string, 2> LimitePiastra(const ContestoRel& c, const ControlloEl
     const CifreRel& f = c.cifre;
     const int k = e.elemento;
     if (c.Slu()) {
-        const bool sottile = c.n.SpPiastra(k) <= 40.0;
-        return {"f_{d} = f_{yk} / γ_{M0}",
-                "f_{d} = " +
-                    Frazione(f.TensioneU(sottile ? c.n.acciaio.Fyk40 : c.n.acciaio.Fyk80),
-                             TestoReale(c.n.acciaio.GammaM)) +
-                    " = " + f.TensioneU(e.limite)};
+        return {
+            "f_{d} = f_{yk} / γ_{M0}",
+            "f_{d} = " + Frazione(f.TensioneU(FykPiastra(c.n, k)), TestoReale(c.n.acciaio.GammaM)) +
+                " = " + f.TensioneU(e.limite)};
     }
     return {"k σ_{adm}", "k σ_{adm} = " + TestoReale(FattoreCaso(c.n, s)) + " · " +
                              f.TensioneU(SammPiastra(c.n, k)) + " = " + f.TensioneU(e.limite)};

@@ -4,35 +4,13 @@
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
+#include "norme/ntc2018.h"
 #include "reports/comune.h"
 #include "reports/relazione.h"
 #include "textnum/formatta.h"
 #include "verification/saldature.h"
 
 namespace tk07 {
-
-FattoriSaldatura FattoriSLU(const std::string& nomeAcciaio) {
-    const std::string nome = Maiuscolo(nomeAcciaio);
-    const auto ha = [&](const char* cifre) { return Contiene(nome, cifre); };
-    if (ha("235")) return {0.85, 1.0};
-    if (ha("275") || ha("355")) return {0.7, 0.85};
-    if (ha("420") || ha("450") || ha("460")) return {0.62, 0.75};
-    return {};
-}
-
-double FdPiastra(const Nodo& n, int k) {
-    const bool sottile = n.SpPiastra(k) <= 40.0;
-    return (sottile ? n.acciaio.Fyk40 : n.acciaio.Fyk80) / n.acciaio.GammaM;
-}
-
-void CalcolaSEq(int s, Risultati& ris) {
-    for (int j = 0; j < kLineeSaldatura; ++j) {
-        const double P = ris.MaxS_prp(s, j);
-        const double pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
-        ris.SEq1(s, j) = std::sqrt(P * P + pa * pa + pe * pe);
-        ris.SEq2(s, j) = std::fabs(P) + std::fabs(pe);
-    }
-}
 
 namespace {
 

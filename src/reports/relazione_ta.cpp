@@ -4,65 +4,14 @@
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
+#include "norme/cnr10011.h"
 #include "reports/comune.h"
 #include "reports/relazione.h"
 #include "textnum/formatta.h"
+#include "verification/resistenze.h"
 #include "verification/saldature.h"
 
 namespace tk07 {
-
-namespace {
-
-constexpr double kCasoII = 1.125;
-
-}  // namespace
-
-FattoriTA FattoriTensAmm(const std::string& nomeAcciaio) {
-    const std::string nome = Maiuscolo(nomeAcciaio);
-    if (nome == "S 235 (FE 360)") return {true, 0.85, 1.0};
-    if (nome == "S 275 (FE 430)" || nome == "S 355 (FE 510)") return {true, 0.7, 0.85};
-    return {};
-}
-
-double SammPiastra(const Nodo& n, int k) {
-    return n.SpPiastra(k) <= 40.0 ? n.acciaio.Samm : n.acciaio.Samm80;
-}
-
-double FattoreCaso(const Nodo& n, int s) { return n.CasoCarico(s) != 0 ? kCasoII : 1.0; }
-
-bool VerificaSaldaturaTA(const Nodo& n, const Risultati& ris, int j, int s, double k) {
-    const FattoriTA f = FattoriTensAmm(n.acciaio.Nome);
-    if (!f.noto) return false;
-    const double P = ris.MaxS_prp(s, j), pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
-    const double a = n.acciaio.Samm * k;
-    return std::sqrt(P * P + pa * pa + pe * pe) <= f.singola * a &&
-           std::fabs(P) + std::fabs(pe) <= f.somma * a && std::fabs(P) <= f.singola * a &&
-           pa <= f.singola * a && pe <= f.singola * a;
-}
-
-double CoeffRifollamento(const Nodo& n, const Opzioni& opz, int s) {
-    const double gioco = opz.ValOpz(kOpzTollForo);
-    const double q = n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec +
-                     n.distAlaSecPiastra - n.HPiastra(2);
-    double dY = std::fabs(n.Ybull(1));
-    double dX = std::fabs(n.Xbull(1) - n.BPiastra(1) / 2.0);
-    double d = n.Fibull(1) + gioco;
-    for (int i = 1; i <= n.nBull; ++i) {
-        const double X = n.Xbull(i), Y = n.Ybull(i);
-        for (const double y : {Y, Y - n.HPiastra(1), Y - q, Y - n.HPiastra(2) - q}) {
-            dY = Min(dY, std::fabs(y));
-        }
-        for (const double x : {X - n.BPiastra(1) / 2.0, n.BPiastra(1) / 2.0 + X,
-                               X - n.BPiastra(2) / 2.0, n.BPiastra(2) / 2.0 + X}) {
-            dX = Min(dX, std::fabs(x));
-        }
-        d = Min(d, std::fabs(n.Fibull(i) + gioco));
-    }
-    const bool soloVerticale =
-        std::fabs(n.TaglioZ(s)) <= 0.0001 && std::fabs(n.MomTorc(s)) <= 0.0001;
-    if (!soloVerticale) dY = Min(dY, dX);
-    return Min(dY / d, 2.5);
-}
 
 namespace {
 
@@ -161,7 +110,7 @@ class Ta {
         t_.Riga("\tAcciaio " + a.Nome + ", S_adm\t\tClasse viti " + n_.vite.Nome);
         t_.Riga("\tsp <= 40mm\tsp > 40mm\tS_adm\tT_adm");
         for (const bool casoII : {false, true}) {
-            const double k = casoII ? kCasoII : 1.0;
+            const double k = casoII ? cnr::kCasoII : 1.0;
             Valori riga;
             riga(casoII ? "Comb. car. II" : "Comb. car. I");
             for (const double x : {a.Samm, a.Samm80, n_.vite.SammVite, n_.vite.TauAmmVite}) {

@@ -4,14 +4,13 @@
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
+#include "norme/cnr10011.h"
 #include "session/gestori.h"
 #include "textnum/formatta.h"
 
 namespace tk07 {
 
 namespace {
-
-constexpr double kCasoII = 1.125;  // allowable stresses of load case II (CNR 10011)
 
 struct Etichetta {
     const char* nome;
@@ -104,7 +103,7 @@ void SettaMateriali(Sessione& s) {
     valore("fd40Label", a.Fyk80 * f / a.GammaM);
     valore("fdt40Label", a.Fyk80 * f / a.GammaMT);
     valore("SAmmILabel", a.Samm * f);
-    valore("SAmmIILabel", a.Samm * kCasoII * f);
+    valore("SAmmIILabel", a.Samm * cnr::kCasoII * f);
 
     p["FrameBull"].testo = "Bulloni - [NTC08 11.3.4.6.1] - Classe " + v.Nome;
     valore("fyVitiLabel", v.FyVite * f);
@@ -113,9 +112,9 @@ void SettaMateriali(Sessione& s) {
     valore("ftVitiLabel", v.FtVite * f);
     valore("ftdVitiLabel", v.FtVite * f / v.GammaMVite);
     valore("SAmmIVitiLabel", v.SammVite * f);
-    valore("SAmmIIVitiLabel", v.SammVite * kCasoII * f);
+    valore("SAmmIIVitiLabel", v.SammVite * cnr::kCasoII * f);
     valore("TauAmmIVitiLabel", v.TauAmmVite * f);
-    valore("TauAmmIIVitiLabel", v.TauAmmVite * kCasoII * f);
+    valore("TauAmmIIVitiLabel", v.TauAmmVite * cnr::kCasoII * f);
 
     const CalcestruzzoRec& c = s.mat.Base.ClsBase;
     p["FrameCls"].testo = "Calcestruzzo - [NTC08 4.1] - Classe " + c.Nome;

@@ -14,45 +14,6 @@ namespace {
 using Coordinate = Tab1<double, 0, kMaxBulloni>;
 using Indici = std::array<int, kMaxBulloni>;
 
-enum class Norma { NTC, CNR };
-
-struct Limiti {
-    double bordoMin = 0.0;             // times d0
-    std::array<double, 2> bordoMax{};  // mm, plates 1 and 2
-    double passoMin = 0.0;             // times d0
-    double passoMax = 0.0;             // mm
-};
-
-Limiti LimitiDi(const Nodo& n, Norma norma, Direzione dir) {
-    const double tMin = Min(n.SpPiastra(1), n.SpPiastra(2));
-    const bool orizz = dir == Direzione::orizzontale;
-    Limiti l;
-    for (int k = 1; k <= 2; ++k) {
-        const double Sp = n.SpPiastra(k);
-        double massimo = 0.0;
-        if (norma == Norma::CNR) {
-            massimo = (!orizz && k == 1 ? 9.0 : 6.0) * Sp;
-        } else if (n.Esposizione == 0) {
-            massimo = 4.0 * Sp + 40.0;
-        } else if (n.Esposizione == 1) {
-            massimo = 1e20;
-        } else {
-            massimo = Max(125.0, 8.0 * Sp);
-        }
-        l.bordoMax[static_cast<std::size_t>(k - 1)] = massimo;
-    }
-    if (norma == Norma::CNR) {
-        l.bordoMin = orizz ? 1.5 : 2.0;
-        l.passoMin = 3.0;
-        l.passoMax = 15.0 * tMin;
-    } else {
-        l.bordoMin = 1.2;
-        l.passoMin = orizz ? 2.4 : 2.2;
-        l.passoMax = Min(14.0 * tMin, n.Esposizione == 0 || n.Esposizione == 1 ? 200.0 : 175.0);
-    }
-    return l;
-}
-
 // Indices 1..n in ascending order of the key; equal keys keep their order.
 Indici OrdinaIndici(const Coordinate& chiave, int n) {
     Indici ordine{};
@@ -72,7 +33,8 @@ class Passata {
         : n_(n),
           gioco_(gioco),
           dir_(dir),
-          lim_(LimitiDi(n, norma, dir)),
+          regola_(RegolaDi(norma, n.Esposizione)),
+          passoMax_(regola_.PassoMassimo(Min(n.SpPiastra(1), n.SpPiastra(2)))),
           pos_(dir == Direzione::orizzontale ? n.Xbull : n.Ybull),
           trasv_(dir == Direzione::orizzontale ? n.Ybull : n.Xbull),
           ordine_(OrdinaIndici(pos_, n.nBull)) {}
@@ -96,11 +58,12 @@ class Passata {
                 hi = k == 1 ? n_.HPiastra(1) : cima2;
             }
             // Absolute values: a bolt outside the plate is measured from outside.
-            const double massimo = lim_.bordoMax[static_cast<std::size_t>(k - 1)];
+            const double minimo = regola_.BordoMin(dir_);
+            const double massimo = regola_.BordoMassimo(n_.SpPiastra(k), BordoIrrigidito(k, dir_));
             d.push_back({dir_, k, false, ultimo, 0, std::fabs(pos_(ultimo) - hi),
-                         lim_.bordoMin * d0(ultimo), massimo});
-            d.push_back({dir_, k, true, primo, 0, std::fabs(pos_(primo) - lo),
-                         lim_.bordoMin * d0(primo), massimo});
+                         minimo * d0(ultimo), massimo});
+            d.push_back({dir_, k, true, primo, 0, std::fabs(pos_(primo) - lo), minimo * d0(primo),
+                         massimo});
         }
     }
 
@@ -113,8 +76,8 @@ class Passata {
                 const double passo = std::fabs(pos_(j) - pos_(i));
                 if (std::fabs(trasv_(j) - trasv_(i)) > passo * tan30) continue;
                 // The first bolt on a row with i is its neighbour, and the only one measured.
-                d.push_back({dir_, 0, false, i, j, passo, lim_.passoMin * Min(d0(i), d0(j)),
-                             lim_.passoMax});
+                d.push_back({dir_, 0, false, i, j, passo,
+                             regola_.PassoMin(dir_) * Min(d0(i), d0(j)), passoMax_});
                 break;
             }
         }
@@ -123,7 +86,8 @@ class Passata {
     const Nodo& n_;
     double gioco_;
     Direzione dir_;
-    Limiti lim_;
+    const RegolaDistanze& regola_;
+    double passoMax_;
     const Coordinate& pos_;
     const Coordinate& trasv_;
     Indici ordine_;
@@ -176,7 +140,7 @@ bool Controlla(const Nodo& n, const Opzioni& opz, Norma norma, const Piattaforma
 }  // namespace
 
 std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& n, const Opzioni& opz) {
-    const Norma norma = n.MetodoVerifica() == Metodo::TA ? Norma::CNR : Norma::NTC;
+    const Norma norma = NormaDi(n);
     Distanze d = Misura(n, opz, norma, Direzione::orizzontale);
     const Distanze v = Misura(n, opz, norma, Direzione::verticale);
     d.insert(d.end(), v.begin(), v.end());
@@ -192,8 +156,7 @@ bool ControllaBulloniCNR(const Nodo& n, const Opzioni& opz, const Piattaforma& p
 }
 
 bool ControllaBulloni(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
-    return n.MetodoVerifica() == Metodo::TA ? ControllaBulloniCNR(n, opz, p)
-                                            : ControllaBulloniNTC(n, opz, p);
+    return Controlla(n, opz, NormaDi(n), p);
 }
 
 }  // namespace tk07

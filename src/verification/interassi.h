@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "joint/nodo.h"
+#include "norme/distanze.h"
 #include "options/opzioni.h"
 
 namespace tk07 {
@@ -18,8 +19,6 @@ bool ControllaBulloniCNR(const Nodo& nodo, const Opzioni& opz, const Piattaforma
 // The rule of the joint's own method.
 bool ControllaBulloni(const Nodo& nodo, const Opzioni& opz, const Piattaforma& p);
 
-enum class Direzione { orizzontale, verticale };
-
 // A distance that the rules limit, with its limits [mm].
 struct DistanzaBulloni {
     Direzione direzione = Direzione::orizzontale;
@@ -28,6 +27,7 @@ struct DistanzaBulloni {
     int bullone = 0;
     int altro = 0;  // neighbour, of a spacing
     double valore = 0.0, minimo = 0.0, massimo = 0.0;
+    bool Rispettata() const { return minimo <= valore && valore <= massimo; }
 };
 // All that the rule of the joint's own method looks at: the edges of both plates from the first and
 // the last bolt, every pair of neighbours; horizontal first.

@@ -5,7 +5,8 @@
 #include <string>
 
 #include "base/aritmetica.h"
-#include "base/testo.h"
+#include "norme/cnr10011.h"
+#include "norme/ntc2018.h"
 
 namespace tk07 {
 
@@ -36,16 +37,6 @@ Fila FilaDi(const Nodo& n, const Coordinate& pos, const Coordinate& trasv, int i
 
 constexpr double kEstremo = 0.01;  // mm
 
-double FattoreTaglio(const std::string& classe) {
-    for (const char* c : {"4.6", "5.6", "8.8"}) {
-        if (Contiene(classe, c)) return 0.6;
-    }
-    for (const char* c : {"6.8", "10.9"}) {
-        if (Contiene(classe, c)) return 0.5;
-    }
-    return 0.0;
-}
-
 }  // namespace
 
 CoefficientiRifollamento CoefficientiBullone(const Nodo& n, const Opzioni& opz, int i) {
@@ -57,22 +48,22 @@ CoefficientiRifollamento CoefficientiBullone(const Nodo& n, const Opzioni& opz, 
     const double W = Min(n.BPiastra(1) / 2.0, n.BPiastra(2) / 2.0);
     const Fila riga = FilaDi(n, n.Xbull, n.Ybull, i);
     if (std::fabs(x - riga.minimo) < kEstremo) {
-        r.k = Min(2.5, 2.8 * (x + W) / d0 - 1.7);
+        r.k = Min(ntc::kRifMassimo, ntc::kRifBordo * (x + W) / d0 - ntc::kRifMeno);
     } else if (std::fabs(x - riga.massimo) < kEstremo) {
-        r.k = Min(2.5, 2.8 * (W - x) / d0 - 1.7);
+        r.k = Min(ntc::kRifMassimo, ntc::kRifBordo * (W - x) / d0 - ntc::kRifMeno);
     } else {
-        r.k = Min(2.5, 1.4 * riga.vicino / d0 - 1.7);
+        r.k = Min(ntc::kRifMassimo, ntc::kRifPasso * riga.vicino / d0 - ntc::kRifMeno);
     }
 
     const Rettangolo comune = AreaComune(n);
     const Fila colonna = FilaDi(n, n.Ybull, n.Xbull, i);
     double a = 0.0;
     if (std::fabs(y - colonna.minimo) < kEstremo) {
-        a = (y - comune.yMin) / (3.0 * d0);
+        a = (y - comune.yMin) / (ntc::kRifAlfa * d0);
     } else if (std::fabs(y - colonna.massimo) < kEstremo) {
-        a = (comune.yMax - y) / (3.0 * d0);
+        a = (comune.yMax - y) / (ntc::kRifAlfa * d0);
     } else {
-        a = colonna.vicino / (3.0 * d0) - 0.25;
+        a = colonna.vicino / (ntc::kRifAlfa * d0) - ntc::kRifAlfaMeno;
     }
     r.alfa = Min(Min(rapporto, a), 1.0);
     return r;
@@ -83,17 +74,16 @@ void ResistenzeBulloni(const Nodo& n, const Opzioni& opz, const GeometriaVerific
     const double gamma = NonNullo(n.vite.GammaMVite, "coefficiente parziale delle viti");
     const double fattore = FattoreTaglio(n.vite.Nome);
     const double t = Min(n.SpPiastra(1), n.SpPiastra(2));
-    const bool spessa = n.SpPiastra(1) > 40.0 || n.SpPiastra(2) > 40.0;
-    const double Ftk = spessa ? n.acciaio.Ftk80 : n.acciaio.Ftk40;
+    const double Ftk = FtkPiastre(n);
     for (int i = 1; i <= n.nBull; ++i) {
         const double A = geo.Area(i);
         const double d = n.Fibull(i);
         const CoefficientiRifollamento c = CoefficientiBullone(n, opz, i);
         ris.Fv_Rd(i) = fattore * n.vite.FtVite * A / kMm2PerCm2 / gamma;
         ris.Fb_Rd(i) = c.k * c.alfa * Ftk * d * t / kMm2PerCm2 / gamma;
-        // The punching diameter is one and a half times the bolt's.
-        ris.Bp_Rd(i) = 0.6 * kPi * Ftk * (1.5 * d) * t / kMm2PerCm2 / gamma;
-        ris.Ft_Rd(i) = 0.9 * n.vite.FtVite * A / kMm2PerCm2 / gamma;
+        ris.Bp_Rd(i) = ntc::kFattorePunzonamento * kPi * Ftk * (ntc::kDiametroPunzonamento * d) *
+                       t / kMm2PerCm2 / gamma;
+        ris.Ft_Rd(i) = ntc::kFattoreTrazione * n.vite.FtVite * A / kMm2PerCm2 / gamma;
     }
 }
 
@@ -111,7 +101,7 @@ void CoefficientiBulloni(const Nodo& n, Risultati& ris) {
             if (!(ris.Ft_Ed(s, i) > 0.0)) {
                 if (Fv > 0.0) co1 = vOk ? Fv / Rv : kSenzaResistenza;
             } else if (Fv > 0.0) {
-                co1 = vOk && tOk ? Fv / Rv + (Ft / 1.4) / Rt : kSenzaResistenza;
+                co1 = vOk && tOk ? Fv / Rv + (Ft / ntc::kTrazioneConTaglio) / Rt : kSenzaResistenza;
             } else {
                 co1 = tOk ? Ft / Rt : kSenzaResistenza;
             }
@@ -129,6 +119,30 @@ void SigRifollamento(const Nodo& n, const GeometriaVerifica& geo, Risultati& ris
             ris.SigRifPias2(s, i - 1) = std::fabs(forza / n.Fibull(i) / n.SpPiastra(2));
         }
     }
+}
+
+double CoeffRifollamento(const Nodo& n, const Opzioni& opz, int s) {
+    const double gioco = opz.ValOpz(kOpzTollForo);
+    const double q = n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec +
+                     n.distAlaSecPiastra - n.HPiastra(2);
+    double dY = std::fabs(n.Ybull(1));
+    double dX = std::fabs(n.Xbull(1) - n.BPiastra(1) / 2.0);
+    double d = n.Fibull(1) + gioco;
+    for (int i = 1; i <= n.nBull; ++i) {
+        const double X = n.Xbull(i), Y = n.Ybull(i);
+        for (const double y : {Y, Y - n.HPiastra(1), Y - q, Y - n.HPiastra(2) - q}) {
+            dY = Min(dY, std::fabs(y));
+        }
+        for (const double x : {X - n.BPiastra(1) / 2.0, n.BPiastra(1) / 2.0 + X,
+                               X - n.BPiastra(2) / 2.0, n.BPiastra(2) / 2.0 + X}) {
+            dX = Min(dX, std::fabs(x));
+        }
+        d = Min(d, std::fabs(n.Fibull(i) + gioco));
+    }
+    const bool soloVerticale =
+        std::fabs(n.TaglioZ(s)) <= 0.0001 && std::fabs(n.MomTorc(s)) <= 0.0001;
+    if (!soloVerticale) dY = Min(dY, dX);
+    return Min(dY / d, cnr::kRifMassimo);
 }
 
 }  // namespace tk07

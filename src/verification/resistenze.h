@@ -31,4 +31,8 @@ void CoefficientiBulloni(const Nodo& nodo, Risultati& ris);
 // TA: bearing stress of every bolt on plates 1 and 2 [daN/mm2]: A tau / d / t.
 void SigRifollamento(const Nodo& nodo, const GeometriaVerifica& geo, Risultati& ris);
 
+// TA: coefficient of the allowable bearing stress of load set s: the least edge distance of all
+// bolts over the smallest hole, at most cnr::kRifMassimo. The sides count with Tz or Mt only.
+double CoeffRifollamento(const Nodo& nodo, const Opzioni& opz, int s);
+
 }  // namespace tk07

@@ -4,7 +4,9 @@
 #include <limits>
 
 #include "base/aritmetica.h"
-#include "reports/relazione.h"
+#include "norme/cnr10011.h"
+#include "norme/ntc2018.h"
+#include "verification/resistenze.h"
 #include "verification/saldature.h"
 
 namespace tk07 {

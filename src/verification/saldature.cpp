@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/aritmetica.h"
+#include "norme/cnr10011.h"
 
 namespace tk07 {
 
@@ -73,6 +74,25 @@ void LunghezzeSaldature(const Nodo& n, Risultati& ris) {
         metti(10 + 2 * k, n.AttNerv(k) ? LunghezzaBaseNervatura(n, k) : 0.0);
         metti(11 + 2 * k, n.AttNerv(k) ? LunghezzaLatoNervatura(n, k) : 0.0);
     }
+}
+
+void CalcolaSEq(int s, Risultati& ris) {
+    for (int j = 0; j < kLineeSaldatura; ++j) {
+        const double P = ris.MaxS_prp(s, j);
+        const double pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
+        ris.SEq1(s, j) = std::sqrt(P * P + pa * pa + pe * pe);
+        ris.SEq2(s, j) = std::fabs(P) + std::fabs(pe);
+    }
+}
+
+bool VerificaSaldaturaTA(const Nodo& n, const Risultati& ris, int j, int s, double k) {
+    const FattoriTA f = FattoriTensAmm(n.acciaio.Nome);
+    if (!f.noto) return false;
+    const double P = ris.MaxS_prp(s, j), pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
+    const double a = n.acciaio.Samm * k;
+    return std::sqrt(P * P + pa * pa + pe * pe) <= f.singola * a &&
+           std::fabs(P) + std::fabs(pe) <= f.somma * a && std::fabs(P) <= f.singola * a &&
+           pa <= f.singola * a && pe <= f.singola * a;
 }
 
 }  // namespace tk07

@@ -55,6 +55,14 @@ inline constexpr int kSpecchio = 15;
 void AggiungiTaglio(const Nodo& nodo, std::initializer_list<int> linee,
                     const Tab1<double, 0, kMaxSestetto>& taglio, double area, Risultati& ris);
 
+// SLU: equivalent stresses SEq1 and SEq2 of all lines of load set s [daN/cm2], NTC 2018 (4.2.84),
+// (4.2.85).
+void CalcolaSEq(int s, Risultati& ris);
+
+// TA: whether weld line j (0..29) of load set s passes, with the load case factor k (CNR 10011/88).
+// The tests on Tau_pa and Tau_pe alone take no absolute value: that of the resultant covers them.
+bool VerificaSaldaturaTA(const Nodo& nodo, const Risultati& ris, int j, int s, double k);
+
 // Name of line j (0..29): "s1".."s15", "s1'".."s15'".
 std::string NomeLinea(int j);
 

@@ -7,6 +7,8 @@
 #include "base/aritmetica.h"
 #include "joint/file_nodo.h"
 #include "nodo_di_prova.h"
+#include "norme/cnr10011.h"
+#include "norme/ntc2018.h"
 #include "reports/relazione.h"
 #include "verification/azioni_bulloni.h"
 #include "verification/resistenze.h"
