@@ -54,19 +54,15 @@ BENCHMARK(Tavola)->Arg(12)->Arg(100)->Unit(benchmark::kMillisecond);
 void Solutore(benchmark::State& stato) {
     const Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), 1);
     const GeometriaVerifica geo = PreparaGeometria(nodo);
-    const Piattaforma p = PiattaformaMuta();
-    PoligonoCompresso pol;
-    PreparaPoligono(nodo, geo, pol);
+    PoligonoCompresso pol = PreparaPoligono(nodo, geo);
     pol.polAzioni(1) = -600000.0;
     pol.polAzioni(2) = 20000.0;
     pol.polAzioni(3) = 1500.0;
-    short flag = 0;
     for (auto _ : stato) {
-        pol.polTipo = 0;
-        pol.RisolviPiano(flag, p);
-        benchmark::DoNotOptimize(pol.polPiano);
+        const PianoRisolto r = RisolviPiano(pol);
+        if (r.stato != StatoPiano::equilibrio) stato.SkipWithError("piano non trovato");
+        benchmark::DoNotOptimize(r.polPiano);
     }
-    if (flag != 1) stato.SkipWithError("piano non trovato");
 }
 BENCHMARK(Solutore)->Arg(4)->Arg(8)->Arg(36);
 

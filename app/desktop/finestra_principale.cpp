@@ -398,7 +398,7 @@ void FinestraPrincipale::AggiornaColori() {
     vista_->Colora(rapporti,
                    QString::number(r->sestetto + 1) + QStringLiteral(". ") +
                        Q(Taglia(TogliCR(n.NomeSa(r->sestetto)))),
-                   superati ? std::nullopt : PianoTensioni(n, r->sestetto));
+                   pilota_.PianoDelRiepilogo(r->sestetto));
 }
 
 // Windows of the secondary panels follow the session's stack.

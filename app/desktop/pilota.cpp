@@ -179,6 +179,13 @@ const Nodo& Pilota::NodoDelRiepilogo() const {
     return dalVivo_ && !ComeRelazione() ? *mostrato_ : *nodoVerificato_;
 }
 
+std::optional<Tab1<double, 1, 3>> Pilota::PianoDelRiepilogo(int s) const {
+    if (Superati() && !dalVivo_) return std::nullopt;
+    const Risultati& ris = dalVivo_ && !ComeRelazione() ? esame_.ris : s_->ris;
+    if (s < 0 || s >= ris.Piano.Righe()) return std::nullopt;
+    return PianoTensioni(ris, s);
+}
+
 bool Pilota::Leggibile(const std::string& file) const {
     const auto prova = std::make_unique<Nodo>();
     const Piattaforma muta = PiattaformaMuta();

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 
 #include "session/recupero.h"
@@ -57,6 +58,9 @@ class Pilota : public QObject {
     const Riepilogo& IlRiepilogo() const;
     const Nodo& NodoDelRiepilogo() const;
     bool RiepilogoValido() const;
+    // Stress plane of a load set of the summary [daN/mm2]; nothing when the summary is of a joint
+    // that has changed since.
+    std::optional<Tab1<double, 1, 3>> PianoDelRiepilogo(int s) const;
     // The summary is that of the report: verified, and nothing typed since.
     bool ComeRelazione() const { return s_->RisultatiValidi && !scrivendo_; }
     bool Superati() const { return haVerifica_ && !ComeRelazione(); }

@@ -222,7 +222,7 @@ class Compositore {
         p.comune = AreaComune(n);
         p.trave = {n.TraSec.B, n.TraSec.tw, n.TraSec.tf, n.TraSec.H};
         p.yAsse = AsseSecondaria(n);
-        for (int k = 1; k <= 3; ++k) p.piano(k) = c_.ris.Piano(s, k);
+        p.piano = PianoTensioni(c_.ris, s);
         p.zona = d_.equilibri[Posto(s)].zona;
         for (int i = 1; i <= n.nBull; ++i) {
             const double sigma = ValorePiano(p.piano, n.Xbull(i), n.Ybull(i));

@@ -169,8 +169,7 @@ void SpiegaPiastra(const ContestoRel& c, const ControlloElemento& e, Sestetto s,
     if (e.elemento == 1) {
         v.titolo += ": compressione di contatto";
         const Rettangolo r = AreaComune(n);
-        Tab1<double, 1, 3> p;
-        for (int k = 1; k <= 3; ++k) p(k) = c.ris.Piano(s, k);
+        const Tab1<double, 1, 3> p = PianoTensioni(c.ris, s);
         PuntoPiano dove{r.xMin, r.yMin};
         for (const PuntoPiano q :
              {PuntoPiano{r.xMin, r.yMax}, {r.xMax, r.yMax}, {r.xMax, r.yMin}}) {

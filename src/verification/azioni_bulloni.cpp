@@ -33,14 +33,11 @@ bool Trasporta(const Nodo& n, int s, double distAzioni) {
     return (10.0 * n.MomZ(s) - distAzioni * n.TaglioY(s)) * n.MomZ(s) <= 0.0;
 }
 
-void PreparaPoligono(const Nodo& n, const GeometriaVerifica& geo, PoligonoCompresso& pol) {
+PoligonoCompresso PreparaPoligono(const Nodo& n, const GeometriaVerifica& geo) {
+    PoligonoCompresso pol;
     const Rettangolo r = AreaComune(n);
     pol.polRifFisso = 1;
-    pol.polRifX = 0.0;
     pol.polRifY = geo.yAsse;
-    pol.polNonTaglia = 0;
-    pol.polSoloY = 0;
-    pol.polNum = 1;
     pol.polNVert = 4;
     // In this order the solver's area is positive.
     const double x[] = {r.xMin, r.xMin, r.xMax, r.xMax};
@@ -49,56 +46,67 @@ void PreparaPoligono(const Nodo& n, const GeometriaVerifica& geo, PoligonoCompre
         pol.polX(j) = x[j - 1];
         pol.polY(j) = y[j - 1];
     }
-    pol.polTipo = 0;
-    pol.polE = pol.polERif = 1.0;
-    pol.polEps0.Riempi(0.0);
     pol.polNBarre = n.nBull;
     for (int i = 1; i <= n.nBull; ++i) {
         pol.barX(i) = n.Xbull(i);
         pol.barY(i) = n.Ybull(i);
         pol.barA(i) = geo.Area(i);
-        pol.barPol(i) = 1;
-        pol.barEps0(i) = 0.0;
         pol.barE(i) = 1.0;
     }
-    pol.polScarto(1) = pol.polScarto(2) = 100.0;
-    pol.polScarto(3) = 0.01;
+    pol.Completa();
+    return pol;
+}
+
+Tab1<double, 1, 3> AzioniPiano(const Nodo& n, const GeometriaVerifica& geo, int s) {
+    const bool trasporta = Trasporta(n, s, geo.distAzioni);
+    Tab1<double, 1, 3> a;
+    a(1) = -10.0 * n.MomZ(s) + (trasporta ? geo.distAzioni * n.TaglioY(s) : 0.0);
+    a(2) = -10.0 * n.MomY(s) + (trasporta ? geo.distAzioni * n.TaglioZ(s) : 0.0);
+    a(3) = n.SforzoNormale(s);
+    return a;
+}
+
+void DiciConvergenza(StatoPiano stato, const Piattaforma& p) {
+    if (stato == StatoPiano::areeNegative) {
+        MostraErrore(p, "Convergenza non raggiunta (la somma delle aree distribuite e' negativa).");
+    } else if (stato == StatoPiano::nonConvergente) {
+        MostraErrore(p, "Convergenza non raggiunta.");
+    }
 }
 
 namespace {
 
 // The plane on the bolts, and the largest compression over the vertices of the contact rectangle.
-void PianoSuBulloni(const Nodo& n, const PoligonoCompresso& pol, int s, Risultati& ris) {
-    for (int k = 1; k <= 3; ++k) ris.Piano(s, k) = pol.polPiano(k);
+void PianoSuBulloni(const Nodo& n, const PoligonoCompresso& pol, const Piano& piano, int s,
+                    Risultati& ris) {
+    for (int k = 1; k <= 3; ++k) ris.Piano(s, k) = piano(k);
     for (int i = 1; i <= n.nBull; ++i) {
-        ris.Sigma(s, i) = ValorePiano(pol.polPiano, n.Xbull(i), n.Ybull(i));
+        ris.Sigma(s, i) = ValorePiano(piano, n.Xbull(i), n.Ybull(i));
     }
     for (int j = 1; j <= 4; ++j) {
-        ris.Sig(s, 0) = Min(ris.Sig(s, 0), ValorePiano(pol.polPiano, pol.polX(j), pol.polY(j)));
+        ris.Sig(s, 0) = Min(ris.Sig(s, 0), ValorePiano(piano, pol.polX(j), pol.polY(j)));
     }
 }
 
 }  // namespace
 
-bool AzioniBulloni(const Nodo& n, const GeometriaVerifica& geo, PoligonoCompresso& pol,
-                   Risultati& ris, const Piattaforma& p) {
+bool AzioniBulloni(const Nodo& n, const GeometriaVerifica& geo, Risultati& ris,
+                   const Piattaforma& p) {
     const bool slu = n.MetodoVerifica() == Metodo::SLU;
-    short flag = 0;  // kept from one load set to the next
-    PreparaPoligono(n, geo, pol);
+    PoligonoCompresso pol = PreparaPoligono(n, geo);
     for (int s = 0; s < n.nSollAg; ++s) {
         const double Ty = n.TaglioY(s), Tz = n.TaglioZ(s);
-        const bool trasporta = Trasporta(n, s, geo.distAzioni);
-        pol.polAzioni(1) = -10.0 * n.MomZ(s) + (trasporta ? geo.distAzioni * Ty : 0.0);
-        pol.polAzioni(2) = -10.0 * n.MomY(s) + (trasporta ? geo.distAzioni * Tz : 0.0);
-        pol.polAzioni(3) = n.SforzoNormale(s);
-        pol.RisolviPiano(flag, p);
-        if (flag == 0) {
+        pol.polAzioni = AzioniPiano(n, geo, s);
+        const PianoRisolto piano = RisolviPiano(pol);
+        if (piano.stato != StatoPiano::equilibrio) {
+            // Every set before has been solved, else the run would have ended there.
+            if (s > 0) DiciConvergenza(piano.stato, p);
             MostraErrore(p,
                          "Sestetto di sollecitazione n°" + std::to_string(s + 1) +
                              ": situazione non equilibrata nel calcolo delle azioni sui bulloni");
             return false;
         }
-        PianoSuBulloni(n, pol, s, ris);
+        PianoSuBulloni(n, pol, piano.polPiano, s, ris);
         if (slu) {
             for (int i = 1; i <= n.nBull; ++i) ris.Ft_Ed(s, i) = geo.Area(i) * ris.Sigma(s, i);
         }

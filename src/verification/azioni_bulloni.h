@@ -21,9 +21,17 @@ GeometriaVerifica PreparaGeometria(const Nodo& nodo);
 // the sign of Mz it is left out.
 bool Trasporta(const Nodo& nodo, int s, double distAzioni);
 
-// The solver's input: contact rectangle of the two plates, bolts as bars, moments about the axis of
-// the secondary beam. Loads are not touched.
-void PreparaPoligono(const Nodo& nodo, const GeometriaVerifica& geo, PoligonoCompresso& pol);
+// The solver's input, completed: contact rectangle of the two plates, bolts as bars, moments about
+// the axis of the secondary beam; without actions.
+PoligonoCompresso PreparaPoligono(const Nodo& nodo, const GeometriaVerifica& geo);
+
+// Actions of load set s for the solver: moment that pairs with y, moment that pairs with x [daN
+// mm], force [daN].
+Tab1<double, 1, 3> AzioniPiano(const Nodo& nodo, const GeometriaVerifica& geo, int s);
+
+// Tells a convergence that failed; silent for the other states. A run over load sets calls it only
+// when a set before the failed one has been solved.
+void DiciConvergenza(StatoPiano stato, const Piattaforma& p);
 
 // Shares of every bolt for every load set: stress plane, axial share, direct shear and torsion.
 //   Reads       nodo, geo
@@ -31,7 +39,7 @@ void PreparaPoligono(const Nodo& nodo, const GeometriaVerifica& geo, PoligonoCom
 //   Actions     daN, daN cm (times 10 in use); Ty positive downwards, Mz pairs with y, My with x
 //   Degenerate  no equilibrium, or torsion on a single point: false after a box
 // Direct shear goes in equal parts to all bolts, whatever their area; friction is not counted.
-bool AzioniBulloni(const Nodo& nodo, const GeometriaVerifica& geo, PoligonoCompresso& pol,
-                   Risultati& ris, const Piattaforma& p);
+bool AzioniBulloni(const Nodo& nodo, const GeometriaVerifica& geo, Risultati& ris,
+                   const Piattaforma& p);
 
 }  // namespace tk07

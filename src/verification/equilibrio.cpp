@@ -57,8 +57,7 @@ bool Dentro(const Rettangolo& r, double x, double y) {
 
 Equilibrio EquilibrioSestetto(const Nodo& n, const Risultati& ris, int s) {
     const GeometriaVerifica geo = PreparaGeometria(n);
-    Tab1<double, 1, 3> c;
-    for (int k = 1; k <= 3; ++k) c(k) = ris.Piano(s, k);
+    const Piano c = PianoTensioni(ris, s);
     Equilibrio e;
     e.carico = {n.SforzoNormale(s), 10.0 * n.MomY(s), 10.0 * n.MomZ(s)};
     if (Trasporta(n, s, geo.distAzioni)) {

@@ -1,9 +1,6 @@
 #include "verification/esame.h"
 
-#include <memory>
-
 #include "joint/controlla_dati.h"
-#include "verification/azioni_bulloni.h"
 #include "verification/verifica_nodo.h"
 
 namespace tk07 {
@@ -27,29 +24,6 @@ void EsaminaNodo(Nodo& n, const Opzioni& opz, Esame& esame) {
         esame.calcolato = true;
     } catch (const ErroreFatale& e) {  // a copy that cannot be judged costs nothing
         dove->push_back(e.what());
-    }
-}
-
-std::optional<Tab1<double, 1, 3>> PianoTensioni(const Nodo& nodo, int s) {
-    if (s < 0 || s >= nodo.nSollAg || nodo.nBull <= 0) return std::nullopt;
-    const auto uno = std::make_unique<Nodo>(nodo);
-    for (const auto campo : {&Nodo::SforzoNormale, &Nodo::TaglioY, &Nodo::TaglioZ, &Nodo::MomTorc,
-                             &Nodo::MomY, &Nodo::MomZ}) {
-        ((*uno).*campo)(0) = (nodo.*campo)(s);
-    }
-    uno->nSollAg = 1;
-    try {
-        Risultati ris;
-        AzzeraRisultati(*uno, ris);
-        PoligonoCompresso pol;
-        if (!AzioniBulloni(*uno, PreparaGeometria(*uno), pol, ris, PiattaformaMuta())) {
-            return std::nullopt;
-        }
-        return pol.polPiano;
-    } catch (const ErroreFatale&) {
-        return std::nullopt;
-    } catch (const GrandezzaNulla&) {
-        return std::nullopt;
     }
 }
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/tabella.h"
 #include "verification/riepilogo.h"
 
 namespace tk07 {
@@ -23,9 +21,5 @@ struct Esame {
 // caller hands over a copy: its third rib is recomputed. The tables of `esame` are
 // used again.
 void EsaminaNodo(Nodo& copia, const Opzioni& opz, Esame& esame);
-
-// Stress plane s(x, y) = c1 y + c2 x + c3 [daN/mm2] of load set s on the plates, tension positive;
-// nothing when there is no equilibrium.
-std::optional<Tab1<double, 1, 3>> PianoTensioni(const Nodo& nodo, int s);
 
 }  // namespace tk07

@@ -37,58 +37,47 @@ double FlessionePiastra(const Nodo& n, int k, double M, double sig) {
 
 namespace {
 
-void AzioniPiastra(const Nodo& n, const GeometriaVerifica& geo, int s, double angolo,
-                   PoligonoCompresso& pol) {
-    const double c = std::cos(angolo), sn = std::sin(angolo);
-    const double Ty = n.TaglioY(s), Mt10 = n.MomTorc(s) * 10.0;
-    if (Trasporta(n, s, geo.distAzioni)) {
-        pol.polAzioni(1) = -10.0 * n.MomZ(s) + Ty * geo.distAzioni;
-        pol.polAzioni(2) = -10.0 * n.MomY(s) + n.TaglioZ(s) * geo.distAzioni * c + sn * Mt10;
-    } else {
-        pol.polAzioni(1) = -10.0 * n.MomZ(s);
-        pol.polAzioni(2) = -10.0 * n.MomY(s) + sn * Mt10;
-    }
-    pol.polAzioni(3) = c * n.SforzoNormale(s) - sn * Ty;
+// Torsion and vertical shear have no part in the plane of plates that are not turned, so the plane
+// of the bolts stands. Where they are beyond the range of numbers that part is no number either:
+// then no plane balances the plate.
+bool InEquilibrio(const Nodo& n, const GeometriaVerifica& geo, int s, const Piattaforma& p) {
+    const double daMt = 0.0 * (10.0 * n.MomTorc(s)), daTy = 0.0 * n.TaglioY(s);
+    if (daMt == 0.0 && daTy == 0.0) return true;
+    PoligonoCompresso pol = PreparaPoligono(n, geo);
+    pol.polAzioni = AzioniPiano(n, geo, s);
+    pol.polAzioni(2) += daMt;
+    pol.polAzioni(3) -= daTy;
+    const StatoPiano stato = RisolviPiano(pol).stato;
+    if (s > 0) DiciConvergenza(stato, p);
+    MostraErrore(p, "Sestetto di sollecitazione n°" + std::to_string(s + 1) +
+                        ": situazione non equilibrata nella verifica della piastra. La "
+                        "verifica non può continuare!");
+    return false;
 }
 
-// Clips the solved plane to the strip and integrates it there, with no bars: moment about the x
-// axis and force of the contact, in polRisult.
-void ContattoStriscia(const Nodo& n, double y1, double y2, PoligonoCompresso& pol) {
+// Resultants of the contact on the strip y1..y2, without the bolts there.
+Piano ContattoStriscia(const Nodo& n, double y1, double y2, const Piano& piano) {
     const double x = n.BPiastra(2) / 2.0;
-    pol.polNum = 1;
-    pol.polNVert = 4;
+    PoligonoCompresso striscia;
+    striscia.polNVert = 4;
     const double vx[] = {-x, -x, x, x};
     const double vy[] = {y1, y2, y2, y1};
     for (int j = 1; j <= 4; ++j) {
-        pol.polX(j) = vx[j - 1];
-        pol.polY(j) = vy[j - 1];
+        striscia.polX(j) = vx[j - 1];
+        striscia.polY(j) = vy[j - 1];
     }
-    pol.Chiudi();
-    pol.polNonTaglia = 0;
-    pol.polSoloY = 0;
-    pol.polTipo = 0;
-    pol.polNBarre = 0;
-    pol.TagliaPoligono();
-    pol.IntegraPoligoni();
-    pol.Risultanti();
+    striscia.Completa();
+    return RisultantiContatto(striscia, piano);
 }
 
 }  // namespace
 
-bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce& st, double angolo,
-                     PoligonoCompresso& pol, Risultati& ris, const Piattaforma& p) {
-    short flag = 0;  // kept from one load set to the next
+bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce& st, Risultati& ris,
+                     const Piattaforma& p) {
     for (int s = 0; s < n.nSollAg; ++s) {
         ris.SigPiastra2(s, 0) = 0.0;
-        PreparaPoligono(n, geo, pol);
-        AzioniPiastra(n, geo, s, angolo, pol);
-        pol.RisolviPiano(flag, p);
-        if (flag == 0) {
-            MostraErrore(p, "Sestetto di sollecitazione n°" + std::to_string(s + 1) +
-                                ": situazione non equilibrata nella verifica della piastra. La "
-                                "verifica non può continuare!");
-            return false;
-        }
+        if (!InEquilibrio(n, geo, s, p)) return false;
+        const Piano piano = PianoTensioni(ris, s);
         if (st.ySup2 - st.ySup1 > 0.0) {
             double M = 0.0;
             for (int i = 1; i <= n.nBull; ++i) {
@@ -96,8 +85,8 @@ bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce&
                     M = M - geo.Area(i) * ris.Sigma(s, i) * (n.Ybull(i) - st.ySup1);
                 }
             }
-            ContattoStriscia(n, st.ySup1, st.ySup2, pol);
-            M = M - pol.polRisult(1) + pol.polRisult(3) * st.ySup1;
+            const Piano c = ContattoStriscia(n, st.ySup1, st.ySup2, piano);
+            M = M - c(1) + c(3) * st.ySup1;
             ris.MPiastra2(s, 1) = M;
             ris.SigPiastra2(s, 0) = FlessionePiastra(n, 1, M, ris.SigPiastra2(s, 0));
         }
@@ -108,8 +97,8 @@ bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce&
                     M = M - geo.Area(i) * ris.Sigma(s, i) * (st.yInf2 - n.Ybull(i));
                 }
             }
-            ContattoStriscia(n, st.yInf1, st.yInf2, pol);
-            M = M + pol.polRisult(1) - pol.polRisult(3) * st.yInf2;
+            const Piano c = ContattoStriscia(n, st.yInf1, st.yInf2, piano);
+            M = M + c(1) - c(3) * st.yInf2;
             ris.MPiastra2(s, 2) = M;
             ris.SigPiastra2(s, 0) = FlessionePiastra(n, 2, M, ris.SigPiastra2(s, 0));
         }

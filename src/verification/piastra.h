@@ -2,7 +2,6 @@
 
 #include "joint/nodo.h"
 #include "verification/azioni_bulloni.h"
-#include "verification/poligono.h"
 #include "verification/risultati.h"
 
 namespace tk07 {
@@ -15,16 +14,16 @@ Strisce StrisceDi(const Nodo& nodo);
 
 // Bending of plate 2 in its two overhangs, cantilevers loaded by bolts and contact and stiffened by
 // ribs 1 and 2, for every load set.
-//   Reads       nodo, geo, ris.Sigma [daN/mm2]
+//   Reads       nodo, geo, ris.Sigma, ris.Piano [daN/mm2]: the plates are not turned against each
+//               other, so the plane that balances the bolts balances plate 2 too
 //   Writes      ris.SigPiastra2 [daN/mm2], never negative; ris.MPiastra2 [daN mm]
-//   angolo      rotation of the plate [rad], 0 in this program
-//   Degenerate  a strip without height gives nothing; no equilibrium: false after a box;
-//               GrandezzaNulla for a section without resistance
+//   Degenerate  a strip without height gives nothing; actions beyond the range of numbers: false
+//               after a box; GrandezzaNulla for a section without resistance
 // Kept on purpose: a bolt whose Sigma rounds to 0 is left out of the bending moment; the width of
 // the section is the beam's flange, not the plate's; the T section takes no own inertia of the rib
 // and its second fibre lies at the face of the plate that meets the rib.
 bool VerificaPiastra(const Nodo& nodo, const GeometriaVerifica& geo, const Strisce& strisce,
-                     double angolo, PoligonoCompresso& pol, Risultati& ris, const Piattaforma& p);
+                     Risultati& ris, const Piattaforma& p);
 
 // Larger of `sig` and the bending stress of the section with rib k (1, 2) under moment M [daN mm].
 double FlessionePiastra(const Nodo& nodo, int k, double M, double sig);

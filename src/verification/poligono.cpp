@@ -1,8 +1,7 @@
 #include "verification/poligono.h"
 
+#include <array>
 #include <cmath>
-
-#include "base/aritmetica.h"
 
 namespace tk07 {
 
@@ -75,207 +74,215 @@ int PuntoInPoligono(double x, double y, int n,
     return incroci % 2 != 0 ? 1 : 0;
 }
 
-void PoligonoCompresso::Chiudi() {
+void PoligonoCompresso::Completa() {
+    areaConSegno = 0.0;
+    barPol.Riempi(0);
+    if (polNVert < 1) return;
     polX(polNVert + 1) = polX(1);
     polY(polNVert + 1) = polY(1);
-}
-
-double PoligonoCompresso::AreaConSegno() const {
-    double a = 0.0;
     for (int j = 1; j <= polNVert; ++j) {
-        a += Lato{polX(j), polY(j), polX(j + 1), polY(j + 1)}.Area();
+        areaConSegno += Lato{polX(j), polY(j), polX(j + 1), polY(j + 1)}.Area();
     }
-    return a;
-}
-
-void PoligonoCompresso::OrientaPoligono() {
-    const double area = AreaConSegno();
-    sommaAree += area;
-    if (polTipo == 0) {
-        polTipo = area < 0.0 ? 1 : 0;
-    } else if (area > 0.0) {
-        // A hole has its vertices in negative order.
-        for (int a = 1, b = polNVert; a < b; ++a, --b) {
-            std::swap(polX(a), polX(b));
-            std::swap(polY(a), polY(b));
-        }
-        Chiudi();
-        for (int j = 1; j <= polNVert + 1; ++j) {
-            compX(j) = polX(j);
-            compY(j) = polY(j);
-        }
+    if (areaConSegno < 0.0) return;
+    for (int i = 1; i <= polNBarre; ++i) {
+        barPol(i) = PuntoInPoligono(barX(i), barY(i), polNVert, polX, polY) == 1 ? 1 : 0;
     }
 }
 
-short PoligonoCompresso::PoligonoDiPunto(double x, double y) const {
-    if (polNum < 1 || polTipo == 1) return 0;
-    return PuntoInPoligono(x, y, polNVert, polX, polY) == 1 ? 1 : 0;
+namespace {
+
+using Matrice = std::array<std::array<double, 4>, 4>;  // 1-based, row and column 0 unused
+
+// Second and first moments and area, of a part of the polygon or of bars.
+struct Momenti {
+    double yy = 0.0, xy = 0.0, sy = 0.0, xx = 0.0, sx = 0.0, area = 0.0;
+};
+
+class Solutore {
+  public:
+    explicit Solutore(const PoligonoCompresso& p) : p_(p), eps0_(p.polEps0) {
+        if (!DueAssi()) eps0_(2) = 0.0;
+    }
+    PianoRisolto Risolvi();
+    Piano Contatto(const Piano& piano);
+
+  private:
+    bool DueAssi() const { return p_.polSoloY != 1; }
+    bool Prima() const { return e_.polIter == 1; }
+    void Taglia();
+    Momenti IntegraParte() const;
+    void Integra();
+    void PreparaCarico();
+    Piano Risultanti() const;
+    bool RisolviSistema();
+    bool Convergenza() const;
+
+    const PoligonoCompresso& p_;
+    Piano eps0_, scarto_;
+    PianoRisolto e_;
+    Tab1<double, 1, 2 * PoligonoCompresso::kVertici + 1> compX_, compY_;  // compressed part, closed
+    Matrice matPol_{}, matTot_{};  // the compressed part less its bars; with all bars
+};
+
+PianoRisolto Solutore::Risolvi() {
+    if (p_.polNVert < 1 && p_.polNBarre < 1) return e_;
+    if (p_.polNVert >= 1) {
+        e_.compN = p_.polNVert;
+        for (int j = 1; j <= p_.polNVert + 1; ++j) {
+            compX_(j) = p_.polX(j);
+            compY_(j) = p_.polY(j);
+        }
+    }
+    for (e_.polIter = 1; e_.polIter <= kPassate; ++e_.polIter) {
+        if (e_.polIter >= 3 && Convergenza()) {
+            e_.stato = StatoPiano::equilibrio;
+            return e_;
+        }
+        Integra();
+        if (Prima()) {
+            PreparaCarico();
+        } else {
+            e_.polRisult = Risultanti();
+            for (int k = 1; k <= 3; ++k) scarto_(k) = std::fabs(e_.polRisult(k) - e_.rhsForze(k));
+        }
+        if (!RisolviSistema()) return e_;
+        if (p_.polNonTaglia == 0) Taglia();
+    }
+    e_.stato = p_.areaConSegno < -0.0001 ? StatoPiano::areeNegative : StatoPiano::nonConvergente;
+    return e_;
 }
 
-bool PoligonoCompresso::Convergenza() const {
+Piano Solutore::Contatto(const Piano& piano) {
+    e_.polPiano = piano;
+    for (int k = 1; k <= 3; ++k) e_.pianoPol(k) = piano(k) - eps0_(k);
+    Taglia();
+    Integra();
+    return Risultanti();
+}
+
+bool Solutore::Convergenza() const {
     for (int k = 1; k <= 3; ++k) {
-        const double tol = std::fabs(0.01 * rhsForze(k) / 100.0) + 1.0;
-        if (!(polScarto(k) < tol)) return false;
+        const double tol = std::fabs(0.01 * e_.rhsForze(k) / 100.0) + 1.0;
+        if (!(scarto_(k) < tol)) return false;
     }
     return true;
 }
 
-void PoligonoCompresso::PreparaCarico() {
-    const double rifX = polRifFisso == 1 ? polRifX : polXG;
-    const double rifY = polRifFisso == 1 ? polRifY : polYG;
-    rhsForze(1) = polAzioni(1) + rifY * polAzioni(3);
-    rhsForze(2) = polAzioni(2) + rifX * polAzioni(3);
-    rhsForze(3) = polAzioni(3);
-    if (polSoloY == 1) rhsForze(2) = 0.0;
+void Solutore::PreparaCarico() {
+    const double rifX = p_.polRifFisso == 1 ? p_.polRifX : e_.polXG;
+    const double rifY = p_.polRifFisso == 1 ? p_.polRifY : e_.polYG;
+    e_.rhsForze(1) = p_.polAzioni(1) + rifY * p_.polAzioni(3);
+    e_.rhsForze(2) = p_.polAzioni(2) + rifX * p_.polAzioni(3);
+    e_.rhsForze(3) = p_.polAzioni(3);
+    if (!DueAssi()) e_.rhsForze(2) = 0.0;
 }
 
-void PoligonoCompresso::RisolviPiano(short& flag, const Piattaforma& p) {
-    const short ricordato = flag;
-    flag = 1;
-    if ((polNVert < 1 || polNum < 1) && polNBarre < 1) {
-        flag = 0;
-        return;
+Momenti Solutore::IntegraParte() const {
+    Momenti t;
+    if (e_.compN < 1) return t;
+    const double e = p_.polE / p_.polERif;
+    const auto vx = compX_.Tratto(1, e_.compN + 1);
+    const auto vy = compY_.Tratto(1, e_.compN + 1);
+    for (std::size_t j = 0; j + 1 < vx.size(); ++j) {
+        const Lato l{vx[j], vy[j], vx[j + 1], vy[j + 1]};
+        if (Verticale(l)) continue;
+        const double m = (l.y2 - l.y1) / (l.x2 - l.x1);
+        const double q = l.y1 - m * l.x1;
+        const double d1 = l.x2 - l.x1;
+        const double d2 = l.x2 * l.x2 - l.x1 * l.x1;
+        const double d3 = l.x2 * l.x2 * l.x2 - l.x1 * l.x1 * l.x1;
+        const double d4 = l.x2 * l.x2 * l.x2 * l.x2 - l.x1 * l.x1 * l.x1 * l.x1;
+        t.area += l.Area() * e;
+        t.sy += (m * m / 3.0 * d3 + q * q * d1 + m * q * d2) / 2.0 * e;
+        t.yy += (m * m * m / 4.0 * d4 + m * m * q * d3 + 3.0 * m * (q * q) / 2.0 * d2 +
+                 q * q * q * d1) /
+                3.0 * e;
+        if (!DueAssi()) continue;
+        t.sx += (m / 3.0 * d3 + q / 2.0 * d2) * e;
+        t.xx += (m / 4.0 * d4 + q / 3.0 * d3) * e;
+        t.xy += (m * m / 4.0 * d4 + 2.0 * m * q / 3.0 * d3 + q * q / 2.0 * d2) / 2.0 * e;
     }
-    sommaAree = 0.0;
-    compN = 0;
-    if (polNum >= 1 && polNVert >= 1) {
-        compN = polNVert;
-        Chiudi();
-        for (int j = 1; j <= polNVert + 1; ++j) {
-            compX(j) = polX(j);
-            compY(j) = polY(j);
-        }
-        if (polSoloY == 1) polEps0(2) = 0.0;
-        OrientaPoligono();
-    }
-    for (int i = 1; i <= polNBarre; ++i) barPol(i) = PoligonoDiPunto(barX(i), barY(i));
-
-    for (polIter = 1; polIter <= kPassate; ++polIter) {
-        if (polIter >= 3 && Convergenza()) return;
-        IntegraPoligoni();
-        if (polIter != 1) {
-            Risultanti();
-            for (int k = 1; k <= 3; ++k) polScarto(k) = std::fabs(polRisult(k) - rhsForze(k));
-        } else {
-            PreparaCarico();
-        }
-        if (!RisolviSistema()) {
-            flag = 0;
-            return;
-        }
-        if (polNonTaglia == 0) TagliaPoligono();
-    }
-    flag = 0;
-    if (ricordato != 1) return;
-    MostraErrore(p, sommaAree < -0.0001
-                        ? "Convergenza non raggiunta (la somma delle aree distribuite "
-                          "e' negativa)."
-                        : "Convergenza non raggiunta.");
+    return t;
 }
 
-void PoligonoCompresso::IntegraPoligoni() {
-    matTot = {};
-    matPol = {};
-    const double e = polE / polERif;
-    const bool dueAssi = polSoloY != 1;
-    // Second and first moments and area: yy, xy, y, xx, x, 1.
-    double yy = 0.0, xy = 0.0, sy = 0.0, xx = 0.0, sx = 0.0, area = 0.0;
-    if (compN > 0) {
-        const auto vx = compX.Tratto(1, compN + 1);
-        const auto vy = compY.Tratto(1, compN + 1);
-        for (std::size_t j = 0; j + 1 < vx.size(); ++j) {
-            const Lato l{vx[j], vy[j], vx[j + 1], vy[j + 1]};
-            if (Verticale(l)) continue;
-            const double m = (l.y2 - l.y1) / (l.x2 - l.x1);
-            const double q = l.y1 - m * l.x1;
-            const double d1 = l.x2 - l.x1;
-            const double d2 = l.x2 * l.x2 - l.x1 * l.x1;
-            const double d3 = l.x2 * l.x2 * l.x2 - l.x1 * l.x1 * l.x1;
-            const double d4 = l.x2 * l.x2 * l.x2 * l.x2 - l.x1 * l.x1 * l.x1 * l.x1;
-            area += l.Area() * e;
-            sy += (m * m / 3.0 * d3 + q * q * d1 + m * q * d2) / 2.0 * e;
-            yy += (m * m * m / 4.0 * d4 + m * m * q * d3 + 3.0 * m * (q * q) / 2.0 * d2 +
-                   q * q * q * d1) /
-                  3.0 * e;
-            if (!dueAssi) continue;
-            sx += (m / 3.0 * d3 + q / 2.0 * d2) * e;
-            xx += (m / 4.0 * d4 + q / 3.0 * d3) * e;
-            xy += (m * m / 4.0 * d4 + 2.0 * m * q / 3.0 * d3 + q * q / 2.0 * d2) / 2.0 * e;
-        }
+void Solutore::Integra() {
+    Momenti c = IntegraParte();
+    if (Prima()) {
+        const bool nulla = c.area < 0.0001;
+        e_.polXG = nulla ? 0.0 : c.sx / c.area;
+        e_.polYG = nulla ? 0.0 : c.sy / c.area;
     }
-    if (polIter == 1) {
-        areaTot = area, SxTot = sy, SyTot = sx, IxTot = yy, IyTot = xx, IxyTot = xy;
-        const bool nulla = areaTot < 0.0001;
-        polXG = nulla ? 0.0 : SyTot / areaTot;
-        polYG = nulla ? 0.0 : SxTot / areaTot;
-    }
-    double tyy = 0.0, txy = 0.0, ty = 0.0, txx = 0.0, tx = 0.0, ta = 0.0;
-    if (polNBarre > 0) {
-        const auto bx = barX.Tratto(1, polNBarre), by = barY.Tratto(1, polNBarre),
-                   ba = barA.Tratto(1, polNBarre), be = barE.Tratto(1, polNBarre);
-        const auto dentro = barPol.Tratto(1, polNBarre);
+    const double e = p_.polE / p_.polERif;
+    const bool dueAssi = DueAssi();
+    Momenti b;
+    if (p_.polNBarre > 0) {
+        const int n = p_.polNBarre;
+        const auto bx = p_.barX.Tratto(1, n), by = p_.barY.Tratto(1, n), ba = p_.barA.Tratto(1, n),
+                   be = p_.barE.Tratto(1, n);
+        const auto dentro = p_.barPol.Tratto(1, n);
         for (std::size_t i = 0; i < bx.size(); ++i) {
             const double x = bx[i], y = by[i];
             // A bolt in the compressed area takes its own area out of the contact.
-            if (dentro[i] == 1 && (polIter == 1 || ValorePiano(pianoPol, x, y) < 0.0)) {
+            if (dentro[i] == 1 && (Prima() || ValorePiano(e_.pianoPol, x, y) < 0.0)) {
                 const double a = ba[i] * e;
-                area -= a;
-                sy -= a * y;
-                yy -= a * y * y;
+                c.area -= a;
+                c.sy -= a * y;
+                c.yy -= a * y * y;
                 if (dueAssi) {
-                    sx -= a * x;
-                    xx -= a * x * x;
-                    xy -= a * x * y;
+                    c.sx -= a * x;
+                    c.xx -= a * x * x;
+                    c.xy -= a * x * y;
                 }
             }
             // Bars work in both directions, whatever the sign.
-            const double a = ba[i] * be[i] / polERif;
-            ta += a;
-            ty += a * y;
-            tyy += a * y * y;
+            const double a = ba[i] * be[i] / p_.polERif;
+            b.area += a;
+            b.sy += a * y;
+            b.yy += a * y * y;
             if (dueAssi) {
-                tx += a * x;
-                txx += a * x * x;
-                txy += a * x * y;
+                b.sx += a * x;
+                b.xx += a * x * x;
+                b.xy += a * x * y;
             }
         }
     }
-    matPol[1] = {0.0, yy, xy, sy};
-    matPol[2] = {0.0, xy, xx, sx};
-    matPol[3] = {0.0, sy, sx, area};
-    matTot[1] = {0.0, yy + tyy, xy + txy, sy + ty};
-    matTot[2] = {0.0, xy + txy, dueAssi ? xx + txx : 1.0, sx + tx};
-    matTot[3] = {0.0, sy + ty, sx + tx, area + ta};
+    matPol_[1] = {0.0, c.yy, c.xy, c.sy};
+    matPol_[2] = {0.0, c.xy, c.xx, c.sx};
+    matPol_[3] = {0.0, c.sy, c.sx, c.area};
+    matTot_[1] = {0.0, c.yy + b.yy, c.xy + b.xy, c.sy + b.sy};
+    matTot_[2] = {0.0, c.xy + b.xy, dueAssi ? c.xx + b.xx : 1.0, c.sx + b.sx};
+    matTot_[3] = {0.0, c.sy + b.sy, c.sx + b.sx, c.area + b.area};
 }
 
-void PoligonoCompresso::Risultanti() {
+Piano Solutore::Risultanti() const {
+    Piano risult;
     for (int k = 1; k <= 3; ++k) {
         const auto r = static_cast<std::size_t>(k);
         double s = 0.0;
-        for (int m = 1; m <= 3; ++m) s += matTot[r][static_cast<std::size_t>(m)] * polPiano(m);
-        for (int m = 1; m <= 3; ++m) s -= matPol[r][static_cast<std::size_t>(m)] * polEps0(m);
-        for (int i = 1; i <= polNBarre; ++i) {
-            const double braccio = k == 1 ? barY(i) : k == 2 ? barX(i) : 1.0;
-            s -= barE(i) / polERif * barA(i) * barEps0(i) * braccio;
+        for (int m = 1; m <= 3; ++m) s += matTot_[r][static_cast<std::size_t>(m)] * e_.polPiano(m);
+        for (int m = 1; m <= 3; ++m) s -= matPol_[r][static_cast<std::size_t>(m)] * eps0_(m);
+        for (int i = 1; i <= p_.polNBarre; ++i) {
+            const double braccio = k == 1 ? p_.barY(i) : k == 2 ? p_.barX(i) : 1.0;
+            s -= p_.barE(i) / p_.polERif * p_.barA(i) * p_.barEps0(i) * braccio;
         }
-        polRisult(k) = s * polERif;
+        risult(k) = s * p_.polERif;
     }
-    if (polSoloY == 1) polRisult(2) = 0.0;
+    if (!DueAssi()) risult(2) = 0.0;
+    return risult;
 }
 
-bool PoligonoCompresso::RisolviSistema() {
-    Matrice a = matTot;
+bool Solutore::RisolviSistema() {
+    Matrice a = matTot_;
     std::array<double, 4> noto{};
     for (int k = 1; k <= 3; ++k) {
         const auto r = static_cast<std::size_t>(k);
         double iniziale = 0.0;
-        for (int m = 1; m <= 3; ++m)
-            iniziale += matPol[r][static_cast<std::size_t>(m)] * polEps0(m);
-        for (int i = 1; i <= polNBarre; ++i) {
-            const double braccio = k == 1 ? barY(i) : k == 2 ? barX(i) : 1.0;
-            iniziale += barE(i) / polERif * barA(i) * barEps0(i) * braccio;
+        for (int m = 1; m <= 3; ++m) iniziale += matPol_[r][static_cast<std::size_t>(m)] * eps0_(m);
+        for (int i = 1; i <= p_.polNBarre; ++i) {
+            const double braccio = k == 1 ? p_.barY(i) : k == 2 ? p_.barX(i) : 1.0;
+            iniziale += p_.barE(i) / p_.polERif * p_.barA(i) * p_.barEps0(i) * braccio;
         }
-        noto[r] = rhsForze(k) / polERif + iniziale;
+        noto[r] = e_.rhsForze(k) / p_.polERif + iniziale;
     }
     const auto elimina = [&](std::size_t da, std::size_t su) {
         const double f = -a[su][da] / a[da][da];
@@ -290,34 +297,45 @@ bool PoligonoCompresso::RisolviSistema() {
     if (!(std::fabs(a[2][2]) >= kPivot)) return false;
     elimina(2, 3);
     if (!(std::fabs(a[3][3]) >= kPivot)) return false;
-    polPiano(3) = noto[3] / a[3][3];
-    polPiano(2) = (noto[2] - a[2][3] * polPiano(3)) / a[2][2];
-    polPiano(1) = (noto[1] - a[1][2] * polPiano(2) - a[1][3] * polPiano(3)) / a[1][1];
-    for (int k = 1; k <= 3; ++k) pianoPol(k) = polPiano(k) - polEps0(k);
+    Piano& c = e_.polPiano;
+    c(3) = noto[3] / a[3][3];
+    c(2) = (noto[2] - a[2][3] * c(3)) / a[2][2];
+    c(1) = (noto[1] - a[1][2] * c(2) - a[1][3] * c(3)) / a[1][1];
+    for (int k = 1; k <= 3; ++k) e_.pianoPol(k) = c(k) - eps0_(k);
     return true;
 }
 
-void PoligonoCompresso::TagliaPoligono() {
-    compN = 0;
-    for (int j = 1; j <= polNVert; ++j) {
-        const double pa = ValorePiano(pianoPol, polX(j), polY(j));
-        const double pb = ValorePiano(pianoPol, polX(j + 1), polY(j + 1));
+void Solutore::Taglia() {
+    short n = 0;
+    for (int j = 1; j <= p_.polNVert; ++j) {
+        const double x1 = p_.polX(j), y1 = p_.polY(j), x2 = p_.polX(j + 1), y2 = p_.polY(j + 1);
+        const double pa = ValorePiano(e_.pianoPol, x1, y1);
+        const double pb = ValorePiano(e_.pianoPol, x2, y2);
         if (pa <= 0.0) {
-            ++compN;
-            compX(compN) = polX(j);
-            compY(compN) = polY(j);
+            ++n;
+            compX_(n) = x1;
+            compY_(n) = y1;
         }
         if (pa * pb < 0.0) {
             const double t = std::fabs(pa) / (std::fabs(pa) + std::fabs(pb));
-            ++compN;
-            compX(compN) = polX(j) + (polX(j + 1) - polX(j)) * t;
-            compY(compN) = polY(j) + (polY(j + 1) - polY(j)) * t;
+            ++n;
+            compX_(n) = x1 + (x2 - x1) * t;
+            compY_(n) = y1 + (y2 - y1) * t;
         }
     }
-    if (compN > 0) {
-        compX(compN + 1) = compX(1);
-        compY(compN + 1) = compY(1);
+    if (n > 0) {
+        compX_(n + 1) = compX_(1);
+        compY_(n + 1) = compY_(1);
     }
+    e_.compN = n;
+}
+
+}  // namespace
+
+PianoRisolto RisolviPiano(const PoligonoCompresso& pol) { return Solutore(pol).Risolvi(); }
+
+Piano RisultantiContatto(const PoligonoCompresso& pol, const Piano& piano) {
+    return Solutore(pol).Contatto(piano);
 }
 
 }  // namespace tk07

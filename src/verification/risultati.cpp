@@ -10,6 +10,12 @@ double Risultati::MaxS_prp(int s, int j) const {
     return Max(std::fabs(S_prp2(s, j)), std::fabs(S_prp1(s, j)));
 }
 
+Tab1<double, 1, 3> PianoTensioni(const Risultati& ris, int s) {
+    Tab1<double, 1, 3> c;
+    for (int k = 1; k <= 3; ++k) c(k) = ris.Piano(s, k);
+    return c;
+}
+
 void AzzeraRisultati(const Nodo& nodo, Risultati& ris) {
     const long n = nodo.nSollAg;
     const bool slu = nodo.MetodoVerifica() == Metodo::SLU;

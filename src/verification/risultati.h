@@ -41,6 +41,9 @@ struct Risultati {
     double MaxS_prp(int s, int j) const;
 };
 
+// Stress plane c1 y + c2 x + c3 of load set s [daN/mm2], tension positive.
+Tab1<double, 1, 3> PianoTensioni(const Risultati& ris, int s);
+
 // Sizes the tables for the joint's load sets and sets everything to 0.
 void AzzeraRisultati(const Nodo& nodo, Risultati& ris);
 

@@ -44,8 +44,7 @@ bool Passi(const Nodo& n, const Opzioni& opz, Risultati& ris, const Piattaforma&
     ControllaDivisori(n);
     LunghezzeSaldature(n, ris);
     const GeometriaVerifica geo = PreparaGeometria(n);
-    PoligonoCompresso pol;
-    if (!AzioniBulloni(n, geo, pol, ris, p)) return fermata();
+    if (!AzioniBulloni(n, geo, ris, p)) return fermata();
     if (n.MetodoVerifica() == Metodo::TA) {
         for (int i = 1; i <= n.nBull; ++i) {
             NonNullo(n.Fibull(i) + opz.ValOpz(kOpzTollForo), "diametro del foro");
@@ -55,7 +54,7 @@ bool Passi(const Nodo& n, const Opzioni& opz, Risultati& ris, const Piattaforma&
         ResistenzeBulloni(n, opz, geo, ris);
         CoefficientiBulloni(n, ris);
     }
-    if (!VerificaPiastra(n, geo, StrisceDi(n), 0.0, pol, ris, p)) return fermata();
+    if (!VerificaPiastra(n, geo, StrisceDi(n), ris, p)) return fermata();
     VerificaSaldatureS1(n, geo.distAzioni, ris, p);
     VerificaSaldatureS2(n, geo.distAzioni, ris, p);
     TensioniAlCm2(n, ris);

@@ -150,10 +150,9 @@ TEST(Riepilogo, EsameDalVivo) {
         EXPECT_EQ(esame.riepilogo.righe[s].Rapporto(), r.righe[s].Rapporto());
     }
     // The stress plane on the bolts is that of the result record (daN/cm2 after the report).
-    const auto piano = PianoTensioni(b.s->nodo, 1);
-    ASSERT_TRUE(piano);
+    const auto piano = PianoTensioni(esame.ris, 1);
     for (int i = 1; i <= copia.nBull; ++i) {
-        EXPECT_NEAR(100.0 * ValorePiano(*piano, copia.Xbull(i), copia.Ybull(i)),
+        EXPECT_NEAR(100.0 * ValorePiano(piano, copia.Xbull(i), copia.Ybull(i)),
                     b.s->ris.Sigma(1, i), 1e-6);
     }
     copia.BPiastra(2) = 10.0;
