@@ -23,8 +23,9 @@ void Verifica(benchmark::State& stato) {
     const Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), kSestetti);
     const Piattaforma p = PiattaformaMuta();
     Risultati ris;
+    Esiti esiti;
     for (auto _ : stato) {
-        if (CalcolaNodo(nodo, Prova().s->opz, ris, p) != EsitoVerifica::completata) {
+        if (VerificaNodo(nodo, Prova().s->opz, ris, esiti, p) != EsitoVerifica::completata) {
             stato.SkipWithError("verifica non completata");
             return;
         }
@@ -69,10 +70,11 @@ BENCHMARK(Solutore)->Arg(4)->Arg(8)->Arg(36);
 void Relazione501(benchmark::State& stato) {
     const Nodo nodo = NodoDiProva(12, 501);
     Risultati ris;
-    CalcolaNodo(nodo, Prova().s->opz, ris, PiattaformaMuta());
+    Esiti esiti;
+    VerificaNodo(nodo, Prova().s->opz, ris, esiti, PiattaformaMuta());
     for (auto _ : stato) {
-        const std::string testo = RelazioneSLU(nodo, Prova().s->unita, ris);
-        stato.counters["bytes"] = static_cast<double>(testo.size());
+        const RelazioneScritta r = RelazioneSLU(nodo, Prova().s->unita, ris, esiti);
+        stato.counters["bytes"] = static_cast<double>(r.testo.size());
     }
 }
 BENCHMARK(Relazione501)->Unit(benchmark::kMillisecond);

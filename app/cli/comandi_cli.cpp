@@ -30,8 +30,7 @@ std::string Verdetto(const Sessione& s) {
     const std::string metodo = NomeMetodo(s.nodo.MetodoVerifica());
     // Nothing failed, but nothing was judged either.
     if (n == 0) return "NESSUN SESTETTO DI SOLLECITAZIONI, nulla da verificare (" + metodo + ")";
-    int falliti = 0;
-    for (int k = 0; k < n; ++k) falliti += s.ris.Verificato(k, 0) != 0 ? 0 : 1;
+    const int falliti = s.esiti.Falliti();
     const std::string quanti = std::to_string(n) + (n == 1 ? " sestetto" : " sestetti");
     if (falliti == 0) return "NODO VERIFICATO (" + metodo + ", " + quanti + ")";
     return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti +
@@ -54,11 +53,11 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
         } else if (!s.RisultatiValidi) {
             codice = kUscitaNonPossibile;
         } else {
-            codice = s.ris.NodoVerificato ? kUscitaOk : kUscitaNonVerificato;
+            codice = s.esiti.verificato ? kUscitaOk : kUscitaNonVerificato;
         }
     }
     if (opz.json) {
-        Json j = JsonVerifica(s, file, porta.messaggi);
+        Json j = JsonVerifica(s, file, porta.messaggi, opz.esiti);
         if (!aperto) j["metodo"] = nullptr;
         Stampa(SuRiga(j) + "\n");
         return codice;

@@ -10,7 +10,7 @@ namespace tk07::cli {
 struct OpzioniVerifica {
     std::vector<std::string> file;
     std::string metodo;  // "slu", "ta" or empty: the joint's own
-    bool json = false, csv = false, fermati = false, apri = false, stampa = false;
+    bool json = false, esiti = false, csv = false, fermati = false, apri = false, stampa = false;
 };
 
 int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz);

@@ -114,6 +114,8 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
         c->add_flag("--json", verifica.json, "Un oggetto JSON per file, su una riga");
     c->add_flag("--csv", verifica.csv, "Una riga CSV per sestetto: verifica che governa e rapporti")
         ->excludes(conJson);
+    c->add_flag("--esiti", verifica.esiti, "Con --json: ogni confronto, uno per riga di tabella")
+        ->needs(conJson);
     c->add_flag("--fermati", verifica.fermati, "Si ferma se gli interassi non sono rispettati");
     c->add_flag("--apri", verifica.apri, "Apre le relazioni nell'editor di testo");
     c->add_flag("--stampa", verifica.stampa, "Stampa le relazioni");

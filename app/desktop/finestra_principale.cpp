@@ -99,7 +99,7 @@ FinestraPrincipale::FinestraPrincipale(Pilota& pilota)
                 }
             });
     connect(relazione_, &VistaRelazione::rigaScelta, this,
-            [this](int sestetto, int famiglia, const QString& elemento) {
+            [this](int sestetto, Famiglia famiglia, int elemento) {
                 riepilogo_->Scegli(sestetto);
                 VaiAllaParte(famiglia, elemento);
             });
@@ -356,7 +356,10 @@ void FinestraPrincipale::ApriFile(const std::string& file) {
 }
 
 void FinestraPrincipale::MostraRelazione(const QString& percorso) {
-    if (!relazione_->Apri(percorso)) {
+    // The places of its rows are known of the report written last.
+    const RisultatoVerifica& ultima = pilota_.LaSessione().ultimaVerifica;
+    const bool sua = Q(PercorsoPiattaforma(ultima.relazione)) == percorso;
+    if (!relazione_->Apri(percorso, sua ? ultima.testo : RelazioneScritta())) {
         statusBar()->showMessage(QStringLiteral("Relazione non leggibile: ") + percorso, 15000);
     } else {
         statusBar()->showMessage(QStringLiteral("Relazione scritta in ") + percorso, 15000);
@@ -382,23 +385,23 @@ void FinestraPrincipale::AggiornaDisegno() {
 }
 
 void FinestraPrincipale::AggiornaColori() {
-    const RigaRiepilogo* r = riepilogo_->Scelta();
+    const int sestetto = riepilogo_->Scelta();
     const bool superati = pilota_.Superati() && !pilota_.DalVivo();
     vista_->ImpostaSuperati(superati);
-    if (r == nullptr) {
+    if (sestetto < 0) {
         vista_->Colora(std::nullopt, {}, std::nullopt);
         return;
     }
-    const Nodo& n = pilota_.NodoDelRiepilogo();
+    const Nodo& n = pilota_.NodoDegliEsiti();
     // The bolts of an older verification may be others than those drawn.
-    RapportiElementi rapporti = r->elementi;
+    RapportiElementi rapporti = RapportiDi(pilota_.GliEsiti(), sestetto);
     if (superati) {
         rapporti.bulloni.resize(static_cast<std::size_t>(pilota_.NodoMostrato().nBull) + 1, -1.0);
     }
     vista_->Colora(rapporti,
-                   QString::number(r->sestetto + 1) + QStringLiteral(". ") +
-                       Q(Taglia(TogliCR(n.NomeSa(r->sestetto)))),
-                   pilota_.PianoDelRiepilogo(r->sestetto));
+                   QString::number(sestetto + 1) + QStringLiteral(". ") +
+                       Q(Taglia(TogliCR(n.NomeSa(sestetto)))),
+                   pilota_.PianoDegliEsiti(sestetto));
 }
 
 // Windows of the secondary panels follow the session's stack.
@@ -482,28 +485,22 @@ void FinestraPrincipale::VaiAlCampo(const std::string& campo) {
     }
 }
 
-void FinestraPrincipale::VaiAllaParte(int famiglia, const QString& elemento) {
+void FinestraPrincipale::VaiAllaParte(Famiglia famiglia, int elemento) {
     destra_->setCurrentIndex(0);
-    switch (static_cast<Famiglia>(famiglia)) {
-        case Famiglia::piastra1:
-            return VaiAlCampo("GeoPias(2)");
-        case Famiglia::piastra2:
-            return VaiAlCampo("GeoPias(5)");
-        case Famiglia::bulloni:
+    switch (Tipo(famiglia)) {
+        case TipoElemento::piastra:
+            VaiAlCampo(elemento == 1 ? "GeoPias(2)" : "GeoPias(5)");
+            return;
+        case TipoElemento::bullone:
             schede_->setCurrentIndex(2);
             vista_->CampoInMano({});
-            vista_->Evidenzia(Parte::bullone, elemento.section(QLatin1Char(' '), -1).toInt());
+            vista_->Evidenzia(Parte::bullone, elemento);
             return;
-        case Famiglia::saldatureS1:
-        case Famiglia::saldatureS2:
+        case TipoElemento::saldatura:
             break;
     }
-    VaiAlCampo(static_cast<Famiglia>(famiglia) == Famiglia::saldatureS1 ? "TextSald(0)"
-                                                                        : "TextSald(1)");
-    QString linea = elemento.section(QLatin1Char(' '), -1).mid(1);  // "s4'" is line 4's mirror
-    const bool specchio = linea.endsWith(QLatin1Char('\''));
-    if (specchio) linea.chop(1);
-    vista_->Evidenzia(Parte::saldatura, linea.toInt() - 1 + (specchio ? 15 : 0));
+    VaiAlCampo(famiglia == Famiglia::saldatureS1 ? "TextSald(0)" : "TextSald(1)");
+    vista_->Evidenzia(Parte::saldatura, elemento);
 }
 
 // Some labels bear colours of their own, made for the ground that they were on.

@@ -6,6 +6,7 @@
 
 #include "desktop/legame.h"
 #include "desktop/recenti.h"
+#include "verification/esiti.h"
 
 class QAction;
 class QLabel;
@@ -58,7 +59,7 @@ class FinestraPrincipale : public QMainWindow {
     void AllineaPannelli();
     void AggiornaMenu();
     void VaiAlCampo(const std::string& campo);
-    void VaiAllaParte(int famiglia, const QString& elemento);
+    void VaiAllaParte(Famiglia famiglia, int elemento);
 
     Pilota& pilota_;
     Legame* legame_;

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "session/pannello.h"
-#include "verification/riepilogo.h"
+#include "verification/esiti.h"
 #include "verification/saldature.h"
 
 namespace tk07::desktop {

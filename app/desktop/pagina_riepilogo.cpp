@@ -32,6 +32,7 @@ class BarraRapporto : public QStyledItemDelegate {
         o.text.clear();
         QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &o, p, o.widget);
         const double r = indice.data(ModelloRiepilogo::kValore).toDouble();
+        const bool passa = indice.data(ModelloRiepilogo::kPassa).toBool();
         constexpr double kPieno = 1.25;  // ratio at the end of the bar
         const QRectF barra = QRectF(opzione.rect).adjusted(4, 4, -52, -4);
         p->save();
@@ -48,71 +49,73 @@ class BarraRapporto : public QStyledItemDelegate {
                     QPointF(uno, opzione.rect.bottom() - 1.0));
         p->setPen(testo);
         p->drawText(QRectF(opzione.rect).adjusted(0, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter,
-                    RapportoMostrato(r) + (r > 1.0 ? QStringLiteral(" ✗") : QStringLiteral(" ✓")));
+                    RapportoMostrato(r) + (passa ? QStringLiteral(" ✓") : QStringLiteral(" ✗")));
         p->restore();
     }
 };
 
 }  // namespace
 
-void ModelloRiepilogo::Metti(const Riepilogo& riepilogo, const Nodo& nodo) {
-    const bool stesse = riepilogo.righe.size() == righe_.size();
+void ModelloRiepilogo::Metti(const Esiti& esiti, const Nodo& nodo) {
+    const bool stesse = esiti.sestetti.size() == esiti_.sestetti.size();
     if (!stesse) beginResetModel();
-    righe_ = riepilogo.righe;
+    esiti_ = esiti;
     nomi_.clear();
-    for (const RigaRiepilogo& r : righe_) {
-        nomi_.push_back(Q(Taglia(TogliCR(nodo.NomeSa(r.sestetto)))));
-    }
+    for (int s = 0; s < esiti.Sestetti(); ++s) nomi_.push_back(Q(Taglia(TogliCR(nodo.NomeSa(s)))));
     if (!stesse) {
         endResetModel();
-    } else if (!righe_.empty()) {
+    } else if (esiti_.Sestetti() > 0) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     }
 }
 
-const RigaRiepilogo* ModelloRiepilogo::Riga(int riga) const {
-    return riga >= 0 && riga < rowCount() ? &righe_[static_cast<std::size_t>(riga)] : nullptr;
+// What a cell speaks of: its family's worst check, else the governing one.
+const Riscontro* ModelloRiepilogo::Riga(const QModelIndex& indice) const {
+    const int c = indice.column() - kPrimaFamiglia;
+    return c >= 0 ? esiti_.Peggiore(indice.row(), static_cast<Famiglia>(c))
+                  : esiti_.Governa(indice.row());
 }
 
 int ModelloRiepilogo::rowCount(const QModelIndex& padre) const {
-    return padre.isValid() ? 0 : static_cast<int>(righe_.size());
+    return padre.isValid() ? 0 : esiti_.Sestetti();
 }
 
 int ModelloRiepilogo::columnCount(const QModelIndex&) const { return kPrimaFamiglia + kFamiglie; }
 
 QVariant ModelloRiepilogo::data(const QModelIndex& indice, int ruolo) const {
-    const RigaRiepilogo* r = Riga(indice.row());
-    if (r == nullptr) return {};
-    const int c = indice.column();
-    const double rapporto = c >= kPrimaFamiglia
-                                ? r->famiglie[static_cast<std::size_t>(c - kPrimaFamiglia)].rapporto
-                                : r->Rapporto();
+    if (!indice.isValid() || indice.row() >= rowCount()) return {};
+    const int c = indice.column(), s = indice.row();
+    const Riscontro* r = Riga(indice);
+    const double rapporto = r == nullptr ? 0.0 : r->rapporto;
+    const bool fallisce = c >= kPrimaFamiglia && r != nullptr && !r->passa;
     if (ruolo == kValore) return rapporto;
+    if (ruolo == kPassa) return r == nullptr || r->passa;
     if (ruolo == kOrdine) {
-        if (c == kNumero) return r->sestetto;
-        if (c == kNome) return nomi_[static_cast<std::size_t>(indice.row())];
-        if (c == kGoverna) return Q(r->Governante().elemento);
+        if (c == kNumero) return s;
+        if (c == kNome) return nomi_[static_cast<std::size_t>(s)];
+        if (c == kGoverna) return r == nullptr ? QString() : Q(NomeElemento(*r));
         return rapporto;
     }
     if (ruolo == Qt::TextAlignmentRole && c >= kPrimaFamiglia) {
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     }
-    if (ruolo == Qt::ForegroundRole && c >= kPrimaFamiglia && rapporto > 1.0) {
+    if (ruolo == Qt::ForegroundRole && fallisce) {
         return TestoRapporto(rapporto, QGuiApplication::palette().color(QPalette::Base));
     }
-    if (ruolo == Qt::FontRole && c >= kPrimaFamiglia && rapporto > 1.0) {
+    if (ruolo == Qt::FontRole && fallisce) {
         QFont f;
         f.setBold(true);
         return f;
     }
-    if (ruolo == Qt::ToolTipRole && c >= kPrimaFamiglia) {
-        const EsitoControllo& e = r->famiglie[static_cast<std::size_t>(c - kPrimaFamiglia)];
-        return Q(e.elemento + ": " + e.controllo);
+    if (ruolo == Qt::ToolTipRole && c >= kPrimaFamiglia && r != nullptr) {
+        return Q(NomeElemento(*r) + ": " + NomeConfronto(*r));
     }
     if (ruolo != Qt::DisplayRole) return {};
-    if (c == kNumero) return r->sestetto + 1;
-    if (c == kNome) return nomi_[static_cast<std::size_t>(indice.row())];
-    if (c == kGoverna) return Q(r->Governante().elemento + ", " + r->Governante().controllo);
+    if (c == kNumero) return s + 1;
+    if (c == kNome) return nomi_[static_cast<std::size_t>(s)];
+    if (c == kGoverna) {
+        return r == nullptr ? QString() : Q(NomeElemento(*r) + ", " + NomeConfronto(*r));
+    }
     return RapportoMostrato(rapporto);
 }
 
@@ -147,10 +150,9 @@ PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
     auto* relazione = new QPushButton(QStringLiteral("Riga della relazione"), this);
     relazione->setToolTip(QStringLiteral("Apre la relazione al sestetto scelto"));
     connect(relazione, &QPushButton::clicked, this, [this] {
-        const RigaRiepilogo* r = Scelta();
-        if (r == nullptr) return;
-        Q_EMIT vaiAllaRelazione(r->sestetto,
-                                Q(TogliCR(pilota_.NodoDelRiepilogo().NomeSa(r->sestetto))));
+        const int s = Scelta();
+        if (s < 0) return;
+        Q_EMIT vaiAllaRelazione(s, Q(TogliCR(pilota_.NodoDegliEsiti().NomeSa(s))));
     });
     testata->addWidget(esito_);
     testata->addStretch(1);
@@ -185,47 +187,42 @@ PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
     colonna->addWidget(tabella_, 1);
     connect(tabella_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (aggiornando_) return;
-        const RigaRiepilogo* r = Scelta();
-        sestettoScelto_ = r != nullptr ? r->sestetto : -1;
+        sestettoScelto_ = Scelta();
         Q_EMIT sceltaCambiata();
     });
     connect(tabella_, &QTableView::doubleClicked, this, &PaginaRiepilogo::Apri);
 }
 
-const RigaRiepilogo* PaginaRiepilogo::Scelta() const {
+int PaginaRiepilogo::Scelta() const {
     const QModelIndexList righe = tabella_->selectionModel()->selectedRows();
-    if (righe.isEmpty()) return nullptr;
-    return modello_->Riga(ordinato_->mapToSource(righe.constFirst()).row());
+    return righe.isEmpty() ? -1 : ordinato_->mapToSource(righe.constFirst()).row();
 }
 
 void PaginaRiepilogo::Scegli(int sestetto) {
-    for (int i = 0; i < modello_->rowCount(); ++i) {
-        if (modello_->Riga(i)->sestetto != sestetto) continue;
-        tabella_->selectRow(ordinato_->mapFromSource(modello_->index(i, 0)).row());
-    }
+    if (sestetto < 0 || sestetto >= modello_->rowCount()) return;
+    tabella_->selectRow(ordinato_->mapFromSource(modello_->index(sestetto, 0)).row());
 }
 
 void PaginaRiepilogo::Apri(const QModelIndex& indice) {
-    const RigaRiepilogo* r = modello_->Riga(ordinato_->mapToSource(indice).row());
-    if (r == nullptr) return;
-    Famiglia f = r->governa;
-    if (indice.column() >= ModelloRiepilogo::kPrimaFamiglia) {
-        f = static_cast<Famiglia>(indice.column() - ModelloRiepilogo::kPrimaFamiglia);
-    }
-    Q_EMIT vaiAllaParte(static_cast<int>(f), Q(r->famiglie[static_cast<std::size_t>(f)].elemento));
+    const QModelIndex posto = ordinato_->mapToSource(indice);
+    const Esiti& e = modello_->GliEsiti();
+    const int c = posto.column() - ModelloRiepilogo::kPrimaFamiglia;
+    const Riscontro* r =
+        c >= 0 ? e.Peggiore(posto.row(), static_cast<Famiglia>(c)) : e.Governa(posto.row());
+    if (r != nullptr) Q_EMIT vaiAllaParte(r->famiglia, r->elemento);
 }
 
 void PaginaRiepilogo::Aggiorna() {
     const Esame& esame = pilota_.LEsame();
-    const bool valido = pilota_.RiepilogoValido();
-    const Riepilogo vuoto;
+    const bool valido = pilota_.EsitiValidi();
+    const Esiti vuoto;
     aggiornando_ = true;
-    modello_->Metti(valido ? pilota_.IlRiepilogo() : vuoto, pilota_.NodoDelRiepilogo());
-    if (sestettoScelto_ >= 0 && Scelta() == nullptr) Scegli(sestettoScelto_);
+    modello_->Metti(valido ? pilota_.GliEsiti() : vuoto, pilota_.NodoDegliEsiti());
+    if (sestettoScelto_ >= 0 && Scelta() < 0) Scegli(sestettoScelto_);
     aggiornando_ = false;
 
     const bool aggiornato = pilota_.ComeRelazione();
-    const Riepilogo& r = valido ? pilota_.IlRiepilogo() : vuoto;
+    const Esiti& r = valido ? pilota_.GliEsiti() : vuoto;
     QString esito, stato;
     QPalette p;  // the application's, but for a verdict
     if (!valido) {
@@ -236,8 +233,8 @@ void PaginaRiepilogo::Aggiorna() {
     } else if (r.peggiore < 0) {
         esito = QStringLiteral("Nessun sestetto");
     } else {
-        const double massimo = r.righe[static_cast<std::size_t>(r.peggiore)].Rapporto();
-        esito = massimo > 1.0 ? QStringLiteral("NON VERIFICATO") : QStringLiteral("VERIFICATO");
+        const double massimo = r.Rapporto(r.peggiore);
+        esito = r.verificato ? QStringLiteral("VERIFICATO") : QStringLiteral("NON VERIFICATO");
         esito += QStringLiteral("  ") + RapportoMostrato(massimo);
         p.setColor(QPalette::WindowText, TestoRapporto(massimo, p.color(QPalette::Window)));
     }

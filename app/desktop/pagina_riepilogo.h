@@ -5,7 +5,7 @@
 #include <QTableView>
 #include <QWidget>
 
-#include "verification/riepilogo.h"
+#include "verification/esiti.h"
 
 class QSortFilterProxyModel;
 
@@ -19,18 +19,21 @@ class ModelloRiepilogo : public QAbstractTableModel {
 
   public:
     enum Colonna { kNumero, kNome, kGoverna, kRapporto, kPrimaFamiglia };
-    static constexpr int kOrdine = Qt::UserRole, kValore = Qt::UserRole + 1;
+    static constexpr int kOrdine = Qt::UserRole, kValore = Qt::UserRole + 1,
+                         kPassa = Qt::UserRole + 2;
 
     using QAbstractTableModel::QAbstractTableModel;
-    void Metti(const Riepilogo& riepilogo, const Nodo& nodo);
-    const RigaRiepilogo* Riga(int riga) const;
+    void Metti(const Esiti& esiti, const Nodo& nodo);
+    const Esiti& GliEsiti() const { return esiti_; }
     int rowCount(const QModelIndex& padre = {}) const override;
     int columnCount(const QModelIndex& padre = {}) const override;
     QVariant data(const QModelIndex& indice, int ruolo) const override;
     QVariant headerData(int sezione, Qt::Orientation verso, int ruolo) const override;
 
   private:
-    std::vector<RigaRiepilogo> righe_;
+    const Riscontro* Riga(const QModelIndex& indice) const;
+
+    Esiti esiti_;  // row i: load set i
     std::vector<QString> nomi_;
 };
 
@@ -41,8 +44,8 @@ class PaginaRiepilogo : public QWidget {
   public:
     PaginaRiepilogo(Pilota& pilota, QWidget* padre);
     void Aggiorna();
-    // Row selected, nullptr for none.
-    const RigaRiepilogo* Scelta() const;
+    // Load set (from 0) of the row selected, -1 for none.
+    int Scelta() const;
     // Selects the row of a load set (from 0), if it is shown.
     void Scegli(int sestetto);
     QTableView* Tabella() const { return tabella_; }
@@ -50,7 +53,7 @@ class PaginaRiepilogo : public QWidget {
   Q_SIGNALS:
     void sceltaCambiata();
     // A failing row was double-clicked: to the governing element of that load set.
-    void vaiAllaParte(int famiglia, const QString& elemento);
+    void vaiAllaParte(Famiglia famiglia, int elemento);
     void vaiAllaRelazione(int sestetto, const QString& nome);
 
   private:

@@ -103,8 +103,9 @@ int PiantaBulloni::BulloneIn(const QPointF& q) const {
     return 0;
 }
 
-// What the rules leave free around the bolts in hand: least spacing as an ellipse about each, the
-// range of the edge distances within the plates' common area.
+// What the rules leave free around the bolts in hand: the wedges in which a neighbour is too near
+// or too far, the range of the edge distances within the plates' common area. Then every distance
+// that breaks a rule, by the measure of the verification itself.
 void PiantaBulloni::DisegnaLimiti(QPainter& p, const std::vector<Bullone>& b) const {
     if (fonte_ != Fonte::pannello) return;
     const Sessione& s = pilota_.LaSessione();
@@ -114,33 +115,59 @@ void PiantaBulloni::DisegnaLimiti(QPainter& p, const std::vector<Bullone>& b) co
         const bool inMano = static_cast<int>(i) + 1 == sotto_ || static_cast<int>(i) + 1 == preso_;
         if (!inMano && !b[i].scelto) continue;
         const LimitiProposta l = LimitiPerProposta(s.nodo, s.opz, b[i].d);
-        p.setPen(QPen(Minimo(scuro), 1.0, Qt::DashLine));
-        p.drawEllipse(InPixel({b[i].x, b[i].y}), l.passoMinX * scala_, l.passoMinY * scala_);
+        const QPointF c = InPixel({b[i].x, b[i].y});
+        const auto cunei = [&](double x, double y, const QPen& penna) {  // two wedges each way
+            p.setPen(penna);
+            const double dx = x * scala_, dy = y * scala_;
+            for (const double v : {-1.0, 1.0}) {
+                p.drawPolygon(QPolygonF{c, c + v * QPointF(dx, -dx * kTanCuneo),
+                                        c + v * QPointF(dx, dx * kTanCuneo)});
+                p.drawPolygon(QPolygonF{c, c + v * QPointF(-dy * kTanCuneo, dy),
+                                        c + v * QPointF(dy * kTanCuneo, dy)});
+            }
+        };
+        cunei(l.passoMinX, l.passoMinY, QPen(Minimo(scuro), 1.0, Qt::DashLine));
         if (!inMano) continue;
-        p.setPen(QPen(Massimo(scuro), 1.0, Qt::DotLine));
-        p.drawEllipse(InPixel({b[i].x, b[i].y}), l.passoMax * scala_, l.passoMax * scala_);
+        cunei(l.passoMax, l.passoMax, QPen(Massimo(scuro), 1.0, Qt::DotLine));
         const auto fascia = [&](double ex, double ey, const QColor& colore) {
-            const Rettangolo& c = l.comune;
-            if (!(2.0 * ex < c.xMax - c.xMin && 2.0 * ey < c.yMax - c.yMin)) return;
+            const Rettangolo& a = l.comune;
+            if (!(2.0 * ex < a.xMax - a.xMin && 2.0 * ey < a.yMax - a.yMin)) return;
             p.setPen(QPen(colore, 1.0, Qt::DashLine));
             p.drawRect(
-                QRectF(InPixel({c.xMin + ex, c.yMax - ey}), InPixel({c.xMax - ex, c.yMin + ey})));
+                QRectF(InPixel({a.xMin + ex, a.yMax - ey}), InPixel({a.xMax - ex, a.yMin + ey})));
         };
         fascia(l.eMinX, l.eMinY, Minimo(scuro));
         fascia(l.eMaxX, l.eMaxY, Massimo(scuro));
     }
-    // Bolts closer than the least spacing of each other.
     p.setPen(QPen(Rosso(scuro), 2.0));
-    for (std::size_t i = 0; i < b.size(); ++i) {
-        for (std::size_t j = i + 1; j < b.size(); ++j) {
-            const LimitiProposta l = LimitiPerProposta(s.nodo, s.opz, std::min(b[i].d, b[j].d));
-            const double ux = (b[j].x - b[i].x) / l.passoMinX, uy = (b[j].y - b[i].y) / l.passoMinY;
-            if (ux * ux + uy * uy < 1.0 - 1e-9) {
-                p.drawLine(InPixel({b[i].x, b[i].y}), InPixel({b[j].x, b[j].y}));
-            }
+    for (const DistanzaBulloni& d : Infrante(b)) {
+        const Bullone& uno = b[static_cast<std::size_t>(d.bullone) - 1];
+        const QPointF c = InPixel({uno.x, uno.y});
+        if (d.piastra == 0) {
+            const Bullone& altro = b[static_cast<std::size_t>(d.altro) - 1];
+            p.drawLine(c, InPixel({altro.x, altro.y}));
+        } else {  // a bar on the side of the edge
+            const double r = uno.d * scala_, v = d.inizio ? -1.0 : 1.0;
+            const QPointF lungo =
+                d.direzione == Direzione::orizzontale ? QPointF(v * r, 0.0) : QPointF(0.0, -v * r);
+            const QPointF traverso(lungo.y(), lungo.x());
+            p.drawLine(c + lungo - traverso, c + lungo + traverso);
         }
     }
 }
+
+std::vector<DistanzaBulloni> PiantaBulloni::Infrante(const std::vector<Bullone>& b) const {
+    const Sessione& s = pilota_.LaSessione();
+    std::vector<PosizioneBullone> posizioni;
+    for (const Bullone& q : b) posizioni.push_back({q.x, q.y, q.d});
+    std::vector<DistanzaBulloni> d = DistanzeBulloni(s.nodo, s.opz, posizioni);
+    d.erase(
+        std::remove_if(d.begin(), d.end(), [](const DistanzaBulloni& q) { return q.Rispettata(); }),
+        d.end());
+    return d;
+}
+
+std::vector<DistanzaBulloni> PiantaBulloni::Infrante() const { return Infrante(Bulloni()); }
 
 void PiantaBulloni::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "bolting/proposte.h"
+#include "verification/interassi.h"
 
 namespace tk07::desktop {
 
@@ -28,6 +29,8 @@ class PiantaBulloni : public QWidget {
     // Bolt under a point, 0 for none.
     int BulloneIn(const QPointF& pixel) const;
     void Adatta();
+    // Distances of the bolts shown that break a rule of the joint's method.
+    std::vector<DistanzaBulloni> Infrante() const;
     // Esc: what the mouse was about to do is given up.
     void Rinuncia();
     QSize sizeHint() const override { return {420, 520}; }
@@ -49,6 +52,7 @@ class PiantaBulloni : public QWidget {
     };
     std::vector<Bullone> Bulloni() const;  // bolt i at i - 1, with what is being dragged
     bool Scuro() const;
+    std::vector<DistanzaBulloni> Infrante(const std::vector<Bullone>& b) const;
     void DisegnaLimiti(QPainter& p, const std::vector<Bullone>& b) const;
     void Sposta(const QPointF& delta);
     void Scegli(const QRectF& mm, bool aggiungi);

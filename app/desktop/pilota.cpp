@@ -101,10 +101,10 @@ void Pilota::Muovi(const std::function<void()>& comando) {
 }
 
 void Pilota::DopoComando() {
-    // A verification that has just been completed: its summary stays until the next.
+    // A verification that has just been completed: its findings stay until the next.
     if (s_->RisultatiValidi) {
         *nodoVerificato_ = s_->nodo;
-        verificato_ = RiepilogoVerifica(s_->nodo, s_->opz, s_->ris);
+        verificato_ = s_->esiti;
         haVerifica_ = true;
     }
     scrivendo_ = false;
@@ -167,19 +167,19 @@ void Pilota::ImpostaDalVivo(bool acceso) {
     Q_EMIT anteprimaCambiata();
 }
 
-bool Pilota::RiepilogoValido() const {
+bool Pilota::EsitiValidi() const {
     return ComeRelazione() || (dalVivo_ ? esame_.calcolato : haVerifica_);
 }
 
-const Riepilogo& Pilota::IlRiepilogo() const {
-    return dalVivo_ && !ComeRelazione() ? esame_.riepilogo : verificato_;
+const Esiti& Pilota::GliEsiti() const {
+    return dalVivo_ && !ComeRelazione() ? esame_.esiti : verificato_;
 }
 
-const Nodo& Pilota::NodoDelRiepilogo() const {
+const Nodo& Pilota::NodoDegliEsiti() const {
     return dalVivo_ && !ComeRelazione() ? *mostrato_ : *nodoVerificato_;
 }
 
-std::optional<Tab1<double, 1, 3>> Pilota::PianoDelRiepilogo(int s) const {
+std::optional<Tab1<double, 1, 3>> Pilota::PianoDegliEsiti(int s) const {
     if (Superati() && !dalVivo_) return std::nullopt;
     const Risultati& ris = dalVivo_ && !ComeRelazione() ? esame_.ris : s_->ris;
     if (s < 0 || s >= ris.Piano.Righe()) return std::nullopt;

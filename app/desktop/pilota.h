@@ -54,14 +54,14 @@ class Pilota : public QObject {
     // The joint to draw: with the text being typed, if any.
     const Nodo& NodoMostrato() const { return *mostrato_; }
     const Esame& LEsame() const { return esame_; }
-    // Summary to show: live, or of the last verification; with its joint.
-    const Riepilogo& IlRiepilogo() const;
-    const Nodo& NodoDelRiepilogo() const;
-    bool RiepilogoValido() const;
-    // Stress plane of a load set of the summary [daN/mm2]; nothing when the summary is of a joint
-    // that has changed since.
-    std::optional<Tab1<double, 1, 3>> PianoDelRiepilogo(int s) const;
-    // The summary is that of the report: verified, and nothing typed since.
+    // Findings to show: live, or of the last verification; with their joint.
+    const Esiti& GliEsiti() const;
+    const Nodo& NodoDegliEsiti() const;
+    bool EsitiValidi() const;
+    // Stress plane of a load set of the findings [daN/mm2]; nothing when they are of a joint that
+    // has changed since.
+    std::optional<Tab1<double, 1, 3>> PianoDegliEsiti(int s) const;
+    // The findings are those of the report: verified, and nothing typed since.
     bool ComeRelazione() const { return s_->RisultatiValidi && !scrivendo_; }
     bool Superati() const { return haVerifica_ && !ComeRelazione(); }
     bool HaVerifica() const { return haVerifica_; }
@@ -100,7 +100,7 @@ class Pilota : public QObject {
     std::unique_ptr<CopieAutomatiche> copie_;
     std::unique_ptr<Nodo> mostrato_, nodoVerificato_;
     Esame esame_;
-    Riepilogo verificato_;
+    Esiti verificato_;
     bool haVerifica_ = false;
     bool dalVivo_ = true;
     bool scrivendo_ = false;  // a text is being typed, and the joint shown has it

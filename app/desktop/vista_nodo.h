@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "desktop/geometria_nodo.h"
-#include "verification/riepilogo.h"
+#include "verification/esiti.h"
 
 namespace tk07::desktop {
 

@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -17,30 +16,8 @@
 
 #include "base/file_testo.h"
 #include "desktop/testo_qt.h"
-#include "verification/riepilogo.h"
 
 namespace tk07::desktop {
-
-namespace {
-
-// How the report heads a load set, one heading for each in the order of the table.
-const QString kSestetto = QStringLiteral("Combinazione di sollecitazioni agenti ");
-
-// A name as the report's file can hold it: what its alphabet lacks is a question mark there.
-bool StessoNome(const QString& scritto, const QString& nome) {
-    return scritto.size() == nome.size() &&
-           std::equal(scritto.begin(), scritto.end(), nome.begin(),
-                      [](QChar a, QChar b) { return a == b || a == QLatin1Char('?'); });
-}
-
-// The head over a row of numbers: the nearest row above that does not begin with one.
-QString TestaTabella(QTextBlock riga) {
-    static const QRegularExpression numero(QStringLiteral("^ *[-.\\d]"));
-    while (riga.isValid() && numero.match(riga.text()).hasMatch()) riga = riga.previous();
-    return riga.text();
-}
-
-}  // namespace
 
 VistaRelazione::VistaRelazione(QWidget* padre) : QWidget(padre) {
     auto* colonna = new QVBoxLayout(this);
@@ -83,10 +60,12 @@ VistaRelazione::VistaRelazione(QWidget* padre) : QWidget(padre) {
     });
 }
 
-bool VistaRelazione::Apri(const QString& percorso) {
+bool VistaRelazione::Apri(const QString& percorso, const RelazioneScritta& scritta) {
     const FileLetto f = LeggiRighe(S(percorso));
     if (!f.riuscito) return false;
     percorso_ = percorso;
+    righe_ = scritta.righe;
+    sestetti_ = scritta.sestetti;
     std::string tutto;
     for (const std::string& r : f.righe) tutto += r + "\n";
     testo_->setPlainText(Q(tutto));
@@ -102,17 +81,18 @@ void VistaRelazione::ImpostaSuperata(bool superata) {
     titolo_->setToolTip(percorso_);
 }
 
+QTextCursor VistaRelazione::AllaRiga(int riga) const {
+    return QTextCursor(testo_->document()->findBlockByNumber(riga));
+}
+
 // To the first load set that fails, or to the last verdict of a joint that passes.
 void VistaRelazione::VaiAlVerdetto() {
-    QTextCursor c = testo_->document()->find(QStringLiteral("NODO NON VERIFICATO"), 0,
-                                             QTextDocument::FindCaseSensitively);
-    if (c.isNull()) {
-        c = testo_->document()->find(
-            QStringLiteral("NODO VERIFICATO"), testo_->document()->characterCount() - 1,
-            QTextDocument::FindCaseSensitively | QTextDocument::FindBackward);
-    }
-    if (c.isNull()) return;
+    if (sestetti_.empty()) return;
+    auto s = std::find_if(sestetti_.begin(), sestetti_.end(),
+                          [](const SestettoRelazione& q) { return !q.verificato; });
+    if (s == sestetti_.end()) --s;
     // Selected from its end, so that the caret and the view stay at the first column.
+    QTextCursor c = AllaRiga(s->verdetto);
     c.movePosition(QTextCursor::EndOfBlock);
     c.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
     testo_->setTextCursor(c);
@@ -120,64 +100,27 @@ void VistaRelazione::VaiAlVerdetto() {
 }
 
 bool VistaRelazione::VaiAlSestetto(int indice, const QString& nome) {
-    int quale = -1;
-    for (QTextBlock b = testo_->document()->begin(); b.isValid(); b = b.next()) {
-        if (!b.text().startsWith(kSestetto) || ++quale != indice) continue;
-        // Another text there: the report is of another table.
-        if (!StessoNome(b.text().mid(kSestetto.size()).trimmed(), nome.trimmed())) return false;
-        testo_->setTextCursor(QTextCursor(b));
-        testo_->centerCursor();
-        return true;
-    }
-    return false;
+    if (indice < 0 || indice >= static_cast<int>(sestetti_.size())) return false;
+    const SestettoRelazione& s = sestetti_[static_cast<std::size_t>(indice)];
+    if (Q(s.nome) != nome) return false;  // the report is of another table
+    testo_->setTextCursor(AllaRiga(s.capo));
+    testo_->centerCursor();
+    return true;
 }
 
 bool VistaRelazione::eventFilter(QObject*, QEvent* evento) {
     if (evento->type() == QEvent::MouseButtonDblClick) {
-        ApriRiga(testo_->cursorForPosition(static_cast<QMouseEvent*>(evento)->pos()).block());
+        ApriRiga(testo_->cursorForPosition(static_cast<QMouseEvent*>(evento)->pos()).blockNumber());
     }
     return false;
 }
 
-// What a row of the report speaks of: its own first column, the table's title, the load set.
-// Columns end in a bar in the report by limit states, in a tab in the one by allowable stresses.
-void VistaRelazione::ApriRiga(const QTextBlock& riga) {
-    static const QRegularExpression numero(QStringLiteral("^ *(\\d+) *[|\\t]"));
-    static const QRegularExpression linea(QStringLiteral("^s(\\d+)('?) *[|\\t]"));
-    static const QRegularExpression colonne(QStringLiteral("[|\\t]"));
-    static const QRegularExpression piastra(
-        QStringLiteral("^(Compressione|Tensione) .*piastra ([12])$"));
-    const QRegularExpressionMatch bullone = numero.match(riga.text());
-    const QRegularExpressionMatch cordone = linea.match(riga.text());
-    Famiglia famiglia = Famiglia::bulloni;
-    QString elemento;
-    if (bullone.hasMatch() && TestaTabella(riga).startsWith(QLatin1String("Num"))) {
-        elemento = QStringLiteral("bullone ") + bullone.captured(1);
-    }
-    if (cordone.hasMatch()) {
-        constexpr int kLati = 15;  // lines of one side, their mirrors behind them
-        const int n = cordone.captured(1).toInt();
-        if (n < 1 || n > kLati) return;
-        famiglia = FamigliaLinea(n - 1 + (cordone.captured(2).isEmpty() ? 0 : kLati));
-        elemento = QStringLiteral("saldatura s") + cordone.captured(1) + cordone.captured(2);
-    }
-    int sestetto = -1;
-    bool cerca = elemento.isEmpty() && riga.text().contains(colonne);
-    for (QTextBlock b = riga; b.isValid(); b = b.previous()) {
-        const QRegularExpressionMatch m = piastra.match(b.text().trimmed());
-        if (cerca && (m.hasMatch() || b.text().trimmed().isEmpty())) {
-            cerca = false;
-            if (m.hasMatch()) {
-                famiglia =
-                    m.captured(2) == QLatin1String("1") ? Famiglia::piastra1 : Famiglia::piastra2;
-                elemento = QStringLiteral("piastra ") + m.captured(2);
-            }
-        }
-        if (b.text().startsWith(kSestetto)) ++sestetto;
-    }
-    if (sestetto >= 0 && !elemento.isEmpty()) {
-        Q_EMIT rigaScelta(sestetto, static_cast<int>(famiglia), elemento);
-    }
+void VistaRelazione::ApriRiga(int riga) {
+    const auto r =
+        std::lower_bound(righe_.begin(), righe_.end(), riga,
+                         [](const RigaRelazione& q, int quale) { return q.riga < quale; });
+    if (r == righe_.end() || r->riga != riga) return;
+    Q_EMIT rigaScelta(r->sestetto, r->famiglia, r->elemento);
 }
 
 void VistaRelazione::Cerca(bool indietro) {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QTextCursor>
 #include <QWidget>
+#include <vector>
+
+#include "reports/relazione.h"
 
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QTextBlock;
 
 namespace tk07::desktop {
 
@@ -15,8 +18,8 @@ class VistaRelazione : public QWidget {
 
   public:
     explicit VistaRelazione(QWidget* padre);
-    // Reads the file; false when it cannot be read.
-    bool Apri(const QString& percorso);
+    // Reads the file, of whose rows `scritta` tells the places; false when it cannot be read.
+    bool Apri(const QString& percorso, const RelazioneScritta& scritta);
     void ImpostaSuperata(bool superata);
     // To the heading of load set `indice` (from 0). False when the report has another set there.
     bool VaiAlSestetto(int indice, const QString& nome);
@@ -24,18 +27,21 @@ class VistaRelazione : public QWidget {
     QPlainTextEdit* Testo() const { return testo_; }
 
   Q_SIGNALS:
-    // A double click on the row of a bolt, a plate or a weld: set from 0, family, "bullone 3".
-    void rigaScelta(int sestetto, int famiglia, const QString& elemento);
+    // A double click on the row of a bolt, a plate or a weld: set from 0, element as in Riscontro.
+    void rigaScelta(int sestetto, Famiglia famiglia, int elemento);
 
   protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
     void VaiAlVerdetto();
-    void ApriRiga(const QTextBlock& riga);
+    void ApriRiga(int riga);
+    QTextCursor AllaRiga(int riga) const;
     void Cerca(bool indietro);
 
     QString percorso_;
+    std::vector<RigaRelazione> righe_;
+    std::vector<SestettoRelazione> sestetti_;
     QLabel* titolo_;
     QLineEdit* cerca_;
     QPlainTextEdit* testo_;

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "base/testo.h"
-#include "verification/riepilogo.h"
 
 namespace tk07 {
 
@@ -25,16 +24,21 @@ std::string TestataCsv() {
 
 std::string CsvVerifica(const Sessione& s, const std::string& file) {
     std::string righe;
-    for (const RigaRiepilogo& r : RiepilogoVerifica(s.nodo, s.opz, s.ris).righe) {
-        const EsitoControllo& g = r.Governante();
+    for (int k = 0; k < s.esiti.Sestetti(); ++k) {
+        const Riscontro* g = s.esiti.Governa(k);
         righe += Campo(file) + ";" + NomeMetodo(s.nodo.MetodoVerifica()) + ";" +
-                 std::to_string(r.sestetto + 1) + ";" + Campo(TogliCR(s.nodo.NomeSa(r.sestetto))) +
-                 ";" + (s.ris.Verificato(r.sestetto, 0) != 0 ? "1" : "0") + ";" +
-                 NomeFamiglia(r.governa) + ";" + Campo(g.controllo) + ";" + Campo(g.elemento) +
-                 ";" + Numero(g.rapporto);
+                 std::to_string(k + 1) + ";" + Campo(TogliCR(s.nodo.NomeSa(k))) + ";" +
+                 (s.esiti.Sestetto(k).verificato ? "1" : "0");
+        if (g == nullptr) {
+            righe += ";;;;";
+        } else {
+            righe += std::string(";") + NomeFamiglia(g->famiglia) + ";" + Campo(NomeConfronto(*g)) +
+                     ";" + Campo(NomeElemento(*g)) + ";" + Numero(g->rapporto);
+        }
         // A family without any check leaves its field empty.
-        for (const EsitoControllo& e : r.famiglie) {
-            righe += ";" + (e.elemento.empty() ? std::string() : Numero(e.rapporto));
+        for (int f = 0; f < kFamiglie; ++f) {
+            const Riscontro* e = s.esiti.Peggiore(k, static_cast<Famiglia>(f));
+            righe += ";" + (e == nullptr ? std::string() : Numero(e->rapporto));
         }
         righe += "\n";
     }

@@ -1,5 +1,7 @@
 #include "guscio/json_nodo.h"
 
+#include <cmath>
+
 #include "base/file_testo.h"
 #include "joint/campi_nodo.h"
 #include "scene3d/campi_scena.h"
@@ -44,7 +46,7 @@ Json JsonSestetto(const Sessione& s, int k) {
     const int n = s.nodo.nBull;
     Json j;
     j["NomeSa"] = s.nodo.NomeSa(k);
-    j["verificato"] = r.Verificato(k, 0) != 0;
+    j["verificato"] = s.esiti.Sestetto(k).verificato;
     j["Sigma"] = Lista(r.Sigma, k, 1, n);
     j["Tau"] = Lista(r.Tau, k, 1, n);
     Json rif = Json::array();
@@ -63,6 +65,26 @@ Json JsonSestetto(const Sessione& s, int k) {
     j["Tau_pe"] = Lista(r.Tau_pe, k, 0, kLineeSaldatura);
     j["SEq1"] = Lista(r.SEq1, k, 0, kLineeSaldatura);
     j["SEq2"] = Lista(r.SEq2, k, 0, kLineeSaldatura);
+    return j;
+}
+
+// JSON has no infinity: null stands for it.
+Json Finito(double x) { return std::isfinite(x) ? Json(x) : Json(nullptr); }
+
+Json JsonGoverna(const Riscontro& r) {
+    return {{"famiglia", NomeFamiglia(r.famiglia)},
+            {"controllo", NomeConfronto(r)},
+            {"elemento", NumeroElemento(r)},
+            {"sestetto", r.sestetto + 1}};
+}
+
+Json JsonRiscontro(const Riscontro& r) {
+    Json j = JsonGoverna(r);
+    j["domanda"] = Finito(r.domanda);
+    j["limite"] = r.confronto == Confronto::senzaLimite ? Json(nullptr) : Finito(r.limite);
+    j["rapporto"] = Finito(r.rapporto);
+    j["passa"] = r.passa;
+    j["clausola"] = Testo(Dati(r.confronto).clausola);
     return j;
 }
 
@@ -132,7 +154,7 @@ Json JsonNodo(const Nodo& n) {
 }
 
 Json JsonVerifica(const Sessione& s, const std::string& file,
-                  const std::vector<MessaggioDato>& messaggi) {
+                  const std::vector<MessaggioDato>& messaggi, bool conEsiti) {
     const Nodo& n = s.nodo;
     const bool valida = s.RisultatiValidi;
     const bool slu = n.MetodoVerifica() == Metodo::SLU;
@@ -140,7 +162,7 @@ Json JsonVerifica(const Sessione& s, const std::string& file,
     j["file"] = file;
     j["metodo"] = NomeMetodo(n.MetodoVerifica());
     j["interrotta"] = !valida;
-    j["verificato"] = valida ? Json(s.ris.NodoVerificato) : Json(nullptr);
+    j["verificato"] = valida ? Json(s.esiti.verificato) : Json(nullptr);
     Json m = Json::array();
     for (const MessaggioDato& d : messaggi) {
         m.push_back({{"testo", d.testo}, {"titolo", d.titolo}, {"segno", NomeSegno(d.segno)}});
@@ -156,6 +178,17 @@ Json JsonVerifica(const Sessione& s, const std::string& file,
     Json sestetti = Json::array();
     for (int k = 0; valida && k < n.nSollAg; ++k) sestetti.push_back(JsonSestetto(s, k));
     j["sestetti"] = sestetti;
+    const Riscontro* governa = valida ? s.esiti.Governa() : nullptr;
+    j["rapporto"] = governa == nullptr ? Json(nullptr) : Finito(governa->rapporto);
+    j["governa"] = governa == nullptr ? Json(nullptr) : JsonGoverna(*governa);
+    j["incompleta"] = valida && s.esiti.Incompleta();
+    if (conEsiti) {
+        Json righe = Json::array();
+        if (valida) {
+            for (const Riscontro& r : s.esiti.righe) righe.push_back(JsonRiscontro(r));
+        }
+        j["esiti"] = righe;
+    }
     return j;
 }
 

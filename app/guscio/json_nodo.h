@@ -12,9 +12,10 @@ using Json = nlohmann::ordered_json;
 // The joint with the joint file's key names: plates as lists of 2, ribs of 3, bolts of nBull, load
 // sets of nSollAg.
 Json JsonNodo(const Nodo& nodo);
-// The object of `verifica --json`; `interrotta` when the run was stopped or could not be done.
+// The object of `verifica --json`; `interrotta` when the run was stopped or could not be done. The
+// findings row by row only where they are asked for.
 Json JsonVerifica(const Sessione& s, const std::string& file,
-                  const std::vector<MessaggioDato>& messaggi);
+                  const std::vector<MessaggioDato>& messaggi, bool conEsiti = false);
 Json JsonSezioni(const LibreriaProfili& lib);
 Json JsonMateriali(const Materiali& mat);
 Json JsonOpzioni(const Opzioni& opz);

@@ -1,7 +1,5 @@
 #include "norme/distanze.h"
 
-#include "base/aritmetica.h"
-
 namespace tk07 {
 
 namespace {

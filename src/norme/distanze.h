@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 
+#include "base/aritmetica.h"
 #include "joint/nodo.h"
 
 namespace tk07 {
@@ -14,6 +16,9 @@ inline Norma NormaDi(const Nodo& nodo) {
 }
 
 inline constexpr double kSenzaLimite = 1e20;  // mm
+
+// Bolts are neighbours in a direction when each lies within a wedge of this half angle about it.
+inline const double kTanCuneo = std::tan(kPi / 6.0);
 
 // Edge distances and spacings of bolts as a code limits them: NTC 2018 4.2.8.1.1 table 4.2.XVIII,
 // CNR 10011/88. Least values in hole diameters d0, greatest ones in plate thicknesses t and mm.

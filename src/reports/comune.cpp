@@ -3,14 +3,22 @@
 #include <algorithm>
 
 #include "base/testo.h"
-#include "reports/relazione.h"
 #include "textnum/formatta.h"
 
 namespace tk07 {
 
-std::string TestoRelazione::Prendi() {
-    std::replace(testo_.begin(), testo_.end(), '\0', ' ');
-    return std::move(testo_);
+void TestoRelazione::Riga(std::string_view testo) {
+    r_.testo.append(testo).append("\n");
+    righe_ += 1 + static_cast<int>(std::count(testo.begin(), testo.end(), '\n'));
+}
+
+void TestoRelazione::Segna(const Riscontro& r) {
+    r_.righe.push_back({righe_, r.sestetto, r.famiglia, r.elemento});
+}
+
+RelazioneScritta TestoRelazione::Prendi() {
+    std::replace(r_.testo.begin(), r_.testo.end(), '\0', ' ');
+    return std::move(r_);
 }
 
 std::string TitoloRelazione(const Nodo& n, std::string_view metodo) {
@@ -46,15 +54,25 @@ void RigheSaldature(const Nodo& n, TestoRelazione& t) {
 
 void TestataSestetto(const Nodo& n, int s, TestoRelazione& t) {
     t.Riga();
-    t.Riga("Combinazione di sollecitazioni agenti " + TogliCR(n.NomeSa(s)) + " ");
+    const std::string nome = TogliCR(n.NomeSa(s));
+    t.r_.sestetti.push_back({t.righe_, t.righe_, false, nome});
+    t.Riga("Combinazione di sollecitazioni agenti " + nome + " ");
     t.Riga(std::string(80, '-'));
 }
 
 void VerdettoSestetto(const Nodo& n, int s, bool ok, TestoRelazione& t) {
     t.Riga();
+    t.r_.sestetti.back().verdetto = t.righe_;
+    t.r_.sestetti.back().verificato = ok;
     t.Riga((ok ? "NODO VERIFICATO IN BASE ALLA COMB. DI SOLLECITAZIONI AGENTI "
                : "ATTENZIONE: NODO NON VERIFICATO IN BASE ALLA COMB. DI SOLLECITAZIONI AGENTI ") +
            TogliCR(n.NomeSa(s)));
+}
+
+RelazioneScritta RelazioneDi(const Nodo& nodo, const Unita& unita, const Risultati& ris,
+                             const Esiti& esiti) {
+    return nodo.MetodoVerifica() == Metodo::SLU ? RelazioneSLU(nodo, unita, ris, esiti)
+                                                : RelazioneTA(nodo, unita, ris, esiti);
 }
 
 std::string NomeRelazione(const DestinazioneRelazione& dest, const std::string& metodo,

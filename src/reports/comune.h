@@ -4,17 +4,24 @@
 #include <string_view>
 
 #include "joint/nodo.h"
+#include "reports/relazione.h"
 
 namespace tk07 {
 
-// Text of a report, line by line. NUL characters of the number formats become blanks.
+// Text of a report, line by line, and the lines of its findings. NUL characters of the number
+// formats become blanks.
 class TestoRelazione {
   public:
-    void Riga(std::string_view testo = {}) { testo_.append(testo).append("\n"); }
-    std::string Prendi();
+    void Riga(std::string_view testo = {});
+    // The next line speaks of the element of these findings.
+    void Segna(const Riscontro& r);
+    RelazioneScritta Prendi();
 
   private:
-    std::string testo_;
+    friend void TestataSestetto(const Nodo& nodo, int s, TestoRelazione& t);
+    friend void VerdettoSestetto(const Nodo& nodo, int s, bool ok, TestoRelazione& t);
+    RelazioneScritta r_;
+    int righe_ = 0;
 };
 
 // "VERIFICA TENSIONALE NODI: 12, 15" + the method's name.

@@ -10,15 +10,12 @@
 #include "reports/comune.h"
 #include "reports/esteso_dati.h"
 #include "reports/esteso_verifiche.h"
-#include "reports/relazione.h"
 #include "textnum/formatta.h"
 #include "verification/azioni_bulloni.h"
 
 namespace tk07 {
 
 namespace {
-
-const char* Esito(bool passa) { return passa ? "SI'" : "NO"; }
 
 // Two digits; very small ones with an exponent.
 std::string TestoResiduo(double x) {
@@ -33,12 +30,9 @@ class Compositore {
     Compositore(const ContestoRel& c, const std::vector<std::string>& avvisi, FormaRelazione forma)
         : c_(c), breve_(forma == FormaRelazione::breve) {
         d_.avvisi = avvisi;
-        controlli_.resize(static_cast<std::size_t>(c.n.nSollAg));
         for (int s = 0; s < c.n.nSollAg; ++s) {
-            ControlliSestetto(c.n, c.opz, c.ris, s, controlli_[Posto(s)]);
             d_.equilibri.push_back(EquilibrioSestetto(c.n, c.ris, s));
         }
-        riepilogo_ = RiepilogoVerifica(c.n, c.opz, c.ris);
     }
 
     RelazioneEstesa Componi() {
@@ -59,9 +53,9 @@ class Compositore {
         Governanti();
         Titolo(1, "Verifiche non soddisfatte");
         NonSoddisfatte();
-        if (riepilogo_.peggiore >= 0) {
+        if (c_.esiti.peggiore >= 0) {
             Titolo(1, "Piano delle tensioni del sestetto che governa");
-            Piano(riepilogo_.peggiore);
+            Piano(c_.esiti.peggiore);
         }
         Titolo(1, "Equilibrio dei sestetti");
         EquilibrioDiTutti();
@@ -86,15 +80,14 @@ class Compositore {
             TitoloRelazione(n, c_.Slu() ? "METODO DEGLI STATI LIMITE (NTC 2018)"
                                         : "METODO DELLE TENSIONI AMMISSIBILI (CNR 10011/88)");
         d_.metodo = c_.Slu() ? "Stati limite (NTC 2018)" : "Tensioni ammissibili (CNR 10011/88)";
-        d_.verificato = c_.ris.NodoVerificato;
-        int falliti = 0;
-        for (const RigaRiepilogo& r : riepilogo_.righe) falliti += r.Verificato() ? 0 : 1;
+        d_.verificato = c_.esiti.verificato;
         const std::string quanti =
             std::to_string(n.nSollAg) + (n.nSollAg == 1 ? " sestetto" : " sestetti");
-        d_.verdetto = n.nSollAg == 0  ? "NESSUN SESTETTO DI SOLLECITAZIONI"
-                      : d_.verificato ? "NODO VERIFICATO (" + quanti + ")"
-                                      : "NODO NON VERIFICATO (" + std::to_string(falliti) + " su " +
-                                            quanti + ")";
+        d_.verdetto = n.nSollAg == 0 ? "NESSUN SESTETTO DI SOLLECITAZIONI"
+                      : d_.verificato
+                          ? "NODO VERIFICATO (" + quanti + ")"
+                          : "NODO NON VERIFICATO (" + std::to_string(c_.esiti.Falliti()) + " su " +
+                                quanti + ")";
         d_.scheda = {
             {"Trave principale", Taglia(n.TraPri.Nome)},
             {"Trave secondaria", Taglia(n.TraSec.Nome)},
@@ -104,34 +97,18 @@ class Compositore {
             {"Forma", breve_ ? "breve: verifiche che governano e non soddisfatte" : "estesa"}};
         for (int f = 0; f < kFamiglie; ++f) {
             const auto famiglia = static_cast<Famiglia>(f);
-            int dove = -1;
-            const EsitoControllo* peggio = Peggiore(famiglia, dove);
             GovernanteRel g;
             g.famiglia = NomeFamiglia(famiglia);
-            if (peggio != nullptr) {
-                g.controllo = peggio->controllo;
-                g.elemento = peggio->elemento;
-                g.sestetto = NomeSestetto(n, dove);
-                g.valore = peggio->rapporto;
+            if (const Riscontro* e = c_.esiti.Peggiore(famiglia)) {
+                g.controllo = NomeConfronto(*e);
+                g.elemento = NomeElemento(*e);
+                g.sestetto = NomeSestetto(n, e->sestetto);
+                g.valore = e->rapporto;
                 g.rapporto = TestoRapporto(g.valore);
-                g.passa = !(g.valore > 1.0);
+                g.passa = e->passa;
             }
             d_.governanti.push_back(g);
         }
-    }
-
-    // The worst check of a family over all load sets; null when the family has none.
-    const EsitoControllo* Peggiore(Famiglia f, int& dove) const {
-        const EsitoControllo* peggio = nullptr;
-        for (const RigaRiepilogo& r : riepilogo_.righe) {
-            const EsitoControllo& e = r.famiglie[static_cast<std::size_t>(f)];
-            if (e.elemento.empty() || (peggio != nullptr && !(e.rapporto > peggio->rapporto))) {
-                continue;
-            }
-            peggio = &e;
-            dove = r.sestetto;
-        }
-        return peggio;
     }
 
     void Distanze() {
@@ -149,14 +126,15 @@ class Compositore {
         t.colonne = {{"N."},       {"Sestetto", true}, {"Governa", true},
                      {"Bulloni"},  {"Piastra 1"},      {"Piastra 2"},
                      {"Sald. S1"}, {"Sald. S2"},       {"Ver"}};
-        for (const RigaRiepilogo& r : riepilogo_.righe) {
-            RigaRel riga{{std::to_string(r.sestetto + 1), NomeAzioni(c_.n, r.sestetto),
-                          r.Governante().controllo + ", " + r.Governante().elemento},
-                         !r.Verificato()};
-            for (const EsitoControllo& e : r.famiglie) {
-                riga.celle.push_back(e.elemento.empty() ? "–" : TestoRapporto(e.rapporto));
+        for (int s = 0; s < c_.esiti.Sestetti(); ++s) {
+            RigaRel riga;
+            riga.celle = {std::to_string(s + 1), NomeAzioni(c_.n, s), Governa(s)};
+            for (int f = 0; f < kFamiglie; ++f) {
+                const Riscontro* e = c_.esiti.Peggiore(s, static_cast<Famiglia>(f));
+                riga.celle.push_back(e == nullptr ? "–" : TestoRapporto(e->rapporto));
             }
-            riga.celle.push_back(Esito(r.Verificato()));
+            riga.negativa = !c_.esiti.Sestetto(s).verificato;
+            riga.celle.push_back(riga.negativa ? "NO" : "SI'");
             t.righe.push_back(std::move(riga));
         }
         Testo(
@@ -165,27 +143,23 @@ class Compositore {
         d_.blocchi.push_back(std::move(t));
     }
 
-    void Spiega(const ControlloElemento& e, int s, bool conSestetto) {
-        VerificaRel v = SpiegaControllo(c_, e, s);
-        if (conSestetto) v.titolo += " (sestetto " + std::to_string(s + 1) + ")";
-        d_.blocchi.push_back(std::move(v));
+    // "Co-1, bullone 3"
+    std::string Governa(int s) const {
+        const Riscontro* e = c_.esiti.Governa(s);
+        return e == nullptr ? "–" : NomeConfronto(*e) + (", " + NomeElemento(*e));
     }
+
+    void Spiega(const Riscontro& e) { d_.blocchi.push_back(SpiegaControllo(c_, e)); }
 
     void Governanti() {
         Testo("Per ogni famiglia la verifica con il rapporto maggiore fra tutti i sestetti.");
         for (int f = 0; f < kFamiglie; ++f) {
-            int dove = -1;
             const auto famiglia = static_cast<Famiglia>(f);
-            if (Peggiore(famiglia, dove) == nullptr) continue;
-            const ControlloElemento* peggio = nullptr;
-            for (const ControlloElemento& e : controlli_[Posto(dove)]) {
-                if (e.famiglia == famiglia &&
-                    (peggio == nullptr || e.rapporto > peggio->rapporto)) {
-                    peggio = &e;
-                }
-            }
-            Titolo(3, std::string(NomeFamiglia(famiglia)) + " – " + NomeSestetto(c_.n, dove));
-            if (peggio != nullptr) Spiega(*peggio, dove, false);
+            const Riscontro* e = c_.esiti.Peggiore(famiglia);
+            if (e == nullptr) continue;
+            Titolo(3,
+                   std::string(NomeFamiglia(famiglia)) + " – " + NomeSestetto(c_.n, e->sestetto));
+            Spiega(*e);
         }
     }
 
@@ -193,15 +167,12 @@ class Compositore {
         TabellaRel t;
         t.colonne = {{"N."},     {"Elemento", true}, {"Verifica", true}, {"Valore"},
                      {"Limite"}, {"Rapporto"},       {"Norma", true}};
-        for (int s = 0; s < c_.n.nSollAg; ++s) {
-            for (const ControlloElemento& e : controlli_[Posto(s)]) {
-                if (!(e.rapporto > 1.0)) continue;
-                t.righe.push_back(
-                    {{std::to_string(s + 1), NomeElemento(e), e.nome,
-                      ValoreControllo(c_, e, e.domanda), ValoreControllo(c_, e, e.limite),
-                      TestoRapporto(e.rapporto), ClausolaControllo(c_, e)},
-                     true});
-            }
+        for (const Riscontro& e : c_.esiti.righe) {
+            if (e.passa) continue;
+            t.righe.push_back({{std::to_string(e.sestetto + 1), NomeElemento(e), NomeConfronto(e),
+                                ValoreControllo(c_, e, e.domanda), ValoreControllo(c_, e, e.limite),
+                                TestoRapporto(e.rapporto), tk07::Testo(Dati(e.confronto).clausola)},
+                               true});
         }
         if (t.righe.empty()) {
             Testo("Tutte le verifiche di tutti i sestetti sono soddisfatte.");
@@ -309,16 +280,16 @@ class Compositore {
             azioni += n.CasoCarico(s) != 0 ? ",  caso di carico II" : ",  caso di carico I";
         }
         Testo(azioni);
-        const RigaRiepilogo& r = riepilogo_.righe[Posto(s)];
-        Testo((r.Verificato() ? "NODO VERIFICATO" : "ATTENZIONE: NODO NON VERIFICATO") +
+        Testo((c_.esiti.Sestetto(s).verificato ? "NODO VERIFICATO"
+                                               : "ATTENZIONE: NODO NON VERIFICATO") +
               std::string(" IN BASE ALLA COMB. DI SOLLECITAZIONI AGENTI ") + NomeAzioni(n, s) +
-              ". Governa " + r.Governante().controllo + ", " + r.Governante().elemento +
-              ": rapporto " + TestoRapporto(r.Rapporto()) + ".");
+              ". Governa " + Governa(s) + ": rapporto " + TestoRapporto(c_.esiti.Rapporto(s)) +
+              ".");
         // Of each kind of check the element that is used most, family by family.
-        std::vector<const ControlloElemento*> peggiori;
-        for (const ControlloElemento& e : controlli_[Posto(s)]) {
-            const auto stesso = [&](const ControlloElemento* p) {
-                return p->famiglia == e.famiglia && std::string_view(p->nome) == e.nome;
+        std::vector<const Riscontro*> peggiori;
+        for (const Riscontro& e : c_.esiti.Righe(s)) {
+            const auto stesso = [&](const Riscontro* p) {
+                return p->famiglia == e.famiglia && p->confronto == e.confronto;
             };
             const auto p = std::find_if(peggiori.begin(), peggiori.end(), stesso);
             if (p == peggiori.end()) {
@@ -329,8 +300,8 @@ class Compositore {
         }
         const auto spiega = [&](std::initializer_list<Famiglia> famiglie) {
             for (const Famiglia famiglia : famiglie) {
-                for (const ControlloElemento* e : peggiori) {
-                    if (e->famiglia == famiglia) Spiega(*e, s, false);
+                for (const Riscontro* e : peggiori) {
+                    if (e->famiglia == famiglia) Spiega(*e);
                 }
             }
         };
@@ -350,16 +321,15 @@ class Compositore {
     const ContestoRel& c_;
     const bool breve_;
     RelazioneEstesa d_;
-    std::vector<std::vector<ControlloElemento>> controlli_;
-    Riepilogo riepilogo_;
 };
 
 }  // namespace
 
 RelazioneEstesa ComponiRelazioneEstesa(const Nodo& nodo, const Opzioni& opz, const Unita& unita,
-                                       const Risultati& ris, const std::vector<std::string>& avvisi,
+                                       const Risultati& ris, const Esiti& esiti,
+                                       const std::vector<std::string>& avvisi,
                                        FormaRelazione forma) {
-    const ContestoRel c{nodo, opz, ris, {unita}};
+    const ContestoRel c{nodo, opz, ris, esiti, {unita}};
     return Compositore(c, avvisi, forma).Componi();
 }
 
@@ -375,15 +345,11 @@ RelazionePreparata PreparaRelazioneEstesa(const Nodo& nodo, const Opzioni& opz, 
     RicalcolaNervatura3(*n);
     if (ControllaDati(*n, opz, p)) return r;
     Risultati ris;
-    r.esito = CalcolaNodo(*n, opz, ris, p);
+    Esiti esiti;
+    r.esito = VerificaNodo(*n, opz, ris, esiti, p);
     if (r.esito != EsitoVerifica::completata) return r;
-    if (n->MetodoVerifica() == Metodo::SLU) {
-        RelazioneSLU(*n, unita, ris);
-    } else {
-        RelazioneTA(*n, opz, unita, ris);
-    }
-    r.verificato = ris.NodoVerificato;
-    r.documento = ComponiRelazioneEstesa(*n, opz, unita, ris, r.messaggi, forma);
+    r.verificato = esiti.verificato;
+    r.documento = ComponiRelazioneEstesa(*n, opz, unita, ris, esiti, r.messaggi, forma);
     return r;
 }
 

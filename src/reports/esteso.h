@@ -9,7 +9,7 @@
 #include "options/opzioni.h"
 #include "textnum/unita.h"
 #include "verification/equilibrio.h"
-#include "verification/riepilogo.h"
+#include "verification/esiti.h"
 #include "verification/risultati.h"
 #include "verification/verifica_nodo.h"
 
@@ -93,11 +93,11 @@ struct RelazioneEstesa {
 
 enum class FormaRelazione { estesa, breve };
 
-// Builds the document from a completed verification (`ris` after the text report, which rounds the
-// ratios and forms the verdict). Short form: governing and failing checks only; the equilibrium
-// of every load set all the same.
+// Builds the document from a completed verification. Short form: governing and failing checks only;
+// the equilibrium of every load set all the same.
 RelazioneEstesa ComponiRelazioneEstesa(const Nodo& nodo, const Opzioni& opz, const Unita& unita,
-                                       const Risultati& ris, const std::vector<std::string>& avvisi,
+                                       const Risultati& ris, const Esiti& esiti,
+                                       const std::vector<std::string>& avvisi,
                                        FormaRelazione forma);
 
 // Third rib, consistency checks, calculation (past breaches of the spacing rules), verdict,

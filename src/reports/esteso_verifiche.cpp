@@ -4,12 +4,12 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
 #include "norme/cnr10011.h"
 #include "norme/ntc2018.h"
-#include "reports/relazione.h"
 #include "textnum/formatta.h"
 #include "verification/piastra.h"
 #include "verification/resistenze.h"
@@ -75,7 +75,7 @@ std::string Quadrato(const std::string& x) { return "(" + x + ")^{2}"; }
 
 using Sestetto = int;
 
-void SpiegaCo(const ContestoRel& c, const ControlloElemento& e, Sestetto s, VerificaRel& v) {
+void SpiegaCo(const ContestoRel& c, const Riscontro& e, Sestetto s, VerificaRel& v) {
     const Risultati& r = c.ris;
     const CifreRel& f = c.cifre;
     const int i = e.elemento;
@@ -87,10 +87,10 @@ void SpiegaCo(const ContestoRel& c, const ControlloElemento& e, Sestetto s, Veri
         "min(" + f.Forza(r.Fv_Rd(i)) + "; " + f.Forza(r.Fb_Rd(i)) + ")" + f.UForza();
     const std::string nt =
         "min(" + f.Forza(r.Ft_Rd(i)) + "; " + f.Forza(r.Bp_Rd(i)) + ")" + f.UForza();
-    const std::string nome = e.nome;
+    const std::string nome = NomeConfronto(e);
     std::string formula, numeri;
     bool resistente = trazione;
-    if (nome == "Co-2") {
+    if (e.confronto == Confronto::co2) {
         v.titolo += ": trazione e punzonamento";
         formula = Frazione("|F_{t,Ed}|", Rt);
         numeri = Frazione(f.ForzaU(std::fabs(ft)), nt);
@@ -114,12 +114,12 @@ void SpiegaCo(const ContestoRel& c, const ControlloElemento& e, Sestetto s, Veri
                  nome + " = " + numeri + (resistente ? " = " : " ") + TestoFisso(e.domanda, 2)};
 }
 
-void SpiegaBulloneTA(const ContestoRel& c, const ControlloElemento& e, Sestetto s, VerificaRel& v) {
+void SpiegaBulloneTA(const ContestoRel& c, const Riscontro& e, Sestetto s, VerificaRel& v) {
     const CifreRel& f = c.cifre;
     const int i = e.elemento;
     const double k = FattoreCaso(c.n, s);
-    const std::string nome = e.nome;
-    if (nome == "Coeff") {
+    const std::string nome = NomeConfronto(e);
+    if (e.confronto == Confronto::coeff) {
         v.titolo += ": trazione e taglio";
         v.formule = {
             "Coeff = " + Quadrato(Frazione("σ", "k σ_{b,adm}")) + " + " +
@@ -133,7 +133,7 @@ void SpiegaBulloneTA(const ContestoRel& c, const ControlloElemento& e, Sestetto 
                 " = " + TestoFisso(e.domanda, 2)};
         return;
     }
-    const int piastra = nome.back() == '1' ? 1 : 2;
+    const int piastra = e.confronto == Confronto::sigRifPias1 ? 1 : 2;
     v.titolo += ": rifollamento sulla piastra " + std::to_string(piastra);
     const double d = c.n.Fibull(i), t = c.n.SpPiastra(piastra);
     v.formule = {
@@ -147,8 +147,7 @@ void SpiegaBulloneTA(const ContestoRel& c, const ControlloElemento& e, Sestetto 
 }
 
 // The plate's limit: formula and numbers.
-std::array<std::string, 2> LimitePiastra(const ContestoRel& c, const ControlloElemento& e,
-                                         Sestetto s) {
+std::array<std::string, 2> LimitePiastra(const ContestoRel& c, const Riscontro& e, Sestetto s) {
     const CifreRel& f = c.cifre;
     const int k = e.elemento;
     if (c.Slu()) {
@@ -161,10 +160,10 @@ std::array<std::string, 2> LimitePiastra(const ContestoRel& c, const ControlloEl
                              f.TensioneU(SammPiastra(c.n, k)) + " = " + f.TensioneU(e.limite)};
 }
 
-void SpiegaPiastra(const ContestoRel& c, const ControlloElemento& e, Sestetto s, VerificaRel& v) {
+void SpiegaPiastra(const ContestoRel& c, const Riscontro& e, Sestetto s, VerificaRel& v) {
     const CifreRel& f = c.cifre;
     const Nodo& n = c.n;
-    const std::string nome = e.nome;
+    const std::string nome = NomeConfronto(e);
     const auto limite = LimitePiastra(c, e, s);
     if (e.elemento == 1) {
         v.titolo += ": compressione di contatto";
@@ -216,14 +215,14 @@ void SpiegaPiastra(const ContestoRel& c, const ControlloElemento& e, Sestetto s,
     v.formule.push_back(limite[1]);
 }
 
-void SpiegaSaldatura(const ContestoRel& c, const ControlloElemento& e, Sestetto s, VerificaRel& v) {
+void SpiegaSaldatura(const ContestoRel& c, const Riscontro& e, Sestetto s, VerificaRel& v) {
     const CifreRel& f = c.cifre;
     const int j = e.elemento;
     const bool slu = c.Slu();
     const std::string P = f.Tensione(c.ris.MaxS_prp(s, j)), pa = f.Tensione(c.ris.Tau_pa(s, j)),
                       pe = f.Tensione(c.ris.Tau_pe(s, j));
-    const std::string nome = e.nome;
-    const bool somma = nome == "SEq-2" || nome == "|S|+|TauPe|";
+    const std::string nome = NomeConfronto(e);
+    const bool somma = e.confronto == Confronto::sEq2 || e.confronto == Confronto::somma;
     const FattoriSaldatura b = FattoriSLU(c.n.acciaio.Nome);
     const FattoriTA a = FattoriTensAmm(c.n.acciaio.Nome);
     const double coeff = slu ? (somma ? b.Beta2 : b.Beta1) : (somma ? a.somma : a.singola);
@@ -250,31 +249,29 @@ void SpiegaSaldatura(const ContestoRel& c, const ControlloElemento& e, Sestetto 
     }
 }
 
-const char* Esito(bool passa) { return passa ? "SI'" : "NO"; }
+using Righe = std::span<const Riscontro>;
+
+// A row of the text report's tables, with its last cell.
+RigaRel RigaCon(std::vector<std::string> celle, Righe righe) {
+    const bool passa = Passano(righe);
+    celle.push_back(passa ? "SI'" : "NO");
+    return {std::move(celle), !passa};
+}
 
 }  // namespace
 
-std::string ClausolaControllo(const ContestoRel& c, const ControlloElemento& e) {
-    if (!c.Slu()) return "CNR 10011/88";
-    const std::string nome = e.nome;
-    if (e.famiglia == Famiglia::bulloni) return "NTC 2018, 4.2.8.1.1 (4.2.71)";
-    if (nome == "Sig") return "NTC 2018, 4.2.4.1.2";
-    return nome == "SEq-1" ? "NTC 2018, 4.2.8.2.4 (4.2.84)" : "NTC 2018, 4.2.8.2.4 (4.2.85)";
+std::string ValoreControllo(const ContestoRel& c, const Riscontro& e, double x) {
+    return Dati(e.confronto).coefficiente ? TestoFisso(x, 2) : c.cifre.TensioneU(x);
 }
 
-std::string ValoreControllo(const ContestoRel& c, const ControlloElemento& e, double x) {
-    const std::string nome = e.nome;
-    return nome == "Co-1" || nome == "Co-2" || nome == "Coeff" ? TestoFisso(x, 2)
-                                                               : c.cifre.TensioneU(x);
-}
-
-VerificaRel SpiegaControllo(const ContestoRel& c, const ControlloElemento& e, int s) {
+VerificaRel SpiegaControllo(const ContestoRel& c, const Riscontro& e) {
+    const int s = e.sestetto;
     VerificaRel v;
     std::string elemento = NomeElemento(e);
     elemento[0] = static_cast<char>(elemento[0] - 'a' + 'A');
     v.titolo = elemento;
-    v.clausola = ClausolaControllo(c, e);
-    v.passa = !(e.rapporto > 1.0);
+    v.clausola = Testo(Dati(e.confronto).clausola);
+    v.passa = e.passa;
     v.rapporto = TestoRapporto(e.rapporto);
     switch (e.famiglia) {
         case Famiglia::bulloni:
@@ -294,49 +291,48 @@ VerificaRel SpiegaControllo(const ContestoRel& c, const ControlloElemento& e, in
 }
 
 TabellaRel TabellaBulloni(const ContestoRel& c, int s) {
-    const Nodo& n = c.n;
     const Risultati& r = c.ris;
     const CifreRel& f = c.cifre;
     TabellaRel t;
     if (c.Slu()) {
         t.colonne = {{"Num"},      {"F_{v,Ed}"}, {"F_{v,Rd}"}, {"F_{b,Rd}"}, {"F_{t,Ed}"},
                      {"F_{t,Rd}"}, {"B_{p,Rd}"}, {"Co-1"},     {"Co-2"},     {"Ver"}};
-        for (int i = 1; i <= n.nBull; ++i) {
-            const double a = Arrotonda(r.Co1(s, i), 2), b = Arrotonda(r.Co2(s, i), 2);
-            const bool passa = a <= 1.0 && b <= 1.0;
+    } else {
+        t.colonne = {{"Num"}, {"σ"}, {"τ"}, {"Coeff"}, {"SigRifPias1"}, {"SigRifPias2"}, {"Ver"}};
+    }
+    c.esiti.PerElemento(s, TipoElemento::bullone, [&](Righe q) {
+        const int i = q.front().elemento;
+        const std::string numero = std::to_string(i);
+        if (c.Slu()) {
             t.righe.push_back(
-                {{std::to_string(i), f.Forza(r.Fv_Ed(s, i)), f.Forza(r.Fv_Rd(i)),
-                  f.Forza(r.Fb_Rd(i)), f.Forza(r.Ft_Ed(s, i)), f.Forza(r.Ft_Rd(i)),
-                  f.Forza(r.Bp_Rd(i)), TestoFisso(a, 2), TestoFisso(b, 2), Esito(passa)},
-                 !passa});
+                RigaCon({numero, f.Forza(r.Fv_Ed(s, i)), f.Forza(r.Fv_Rd(i)), f.Forza(r.Fb_Rd(i)),
+                         f.Forza(r.Ft_Ed(s, i)), f.Forza(r.Ft_Rd(i)), f.Forza(r.Bp_Rd(i)),
+                         TestoFisso(r.Co1(s, i), 2), TestoFisso(r.Co2(s, i), 2)},
+                        q));
+            return;
         }
-        return t;
-    }
-    t.colonne = {{"Num"}, {"σ"}, {"τ"}, {"Coeff"}, {"SigRifPias1"}, {"SigRifPias2"}, {"Ver"}};
-    const double k = FattoreCaso(n, s), alfa = CoeffRifollamento(n, c.opz, s);
-    for (int i = 1; i <= n.nBull; ++i) {
-        const double a = r.Sigma(s, i) / n.vite.SammVite / k,
-                     b = r.Tau(s, i) / n.vite.TauAmmVite / k;
-        const double coeff = Arrotonda(a * a + b * b, 2);
-        const double r1 = r.SigRifPias1(s, i - 1), r2 = r.SigRifPias2(s, i - 1);
-        const bool passa = coeff <= 1.0 && std::fabs(r1) <= SammPiastra(n, 1) * k * alfa &&
-                           std::fabs(r2) <= SammPiastra(n, 2) * k * alfa;
-        t.righe.push_back({{std::to_string(i), f.Tensione(r.Sigma(s, i)), f.Tensione(r.Tau(s, i)),
-                            TestoFisso(coeff, 2), f.Tensione(r1), f.Tensione(r2), Esito(passa)},
-                           !passa});
-    }
+        t.righe.push_back(
+            RigaCon({numero, f.Tensione(r.Sigma(s, i)), f.Tensione(r.Tau(s, i)),
+                     TestoFisso(q.front().domanda, 2), f.Tensione(r.SigRifPias1(s, i - 1)),
+                     f.Tensione(r.SigRifPias2(s, i - 1))},
+                    q));
+    });
     return t;
 }
 
 TabellaRel TabellaAmmissibili(const ContestoRel& c, int s) {
-    const double k = FattoreCaso(c.n, s), alfa = CoeffRifollamento(c.n, c.opz, s);
+    const double k = FattoreCaso(c.n, s);
     const FattoriTA a = FattoriTensAmm(c.n.acciaio.Nome);
     const CifreRel& f = c.cifre;
-    return {
-        {{"S_adm viti"}, {"T_adm viti"}, {"SadmRifPias1"}, {"SadmRifPias2"}, {"S_id_adm sald"}},
-        {{{f.Tensione(c.n.vite.SammVite * k), f.Tensione(c.n.vite.TauAmmVite * k),
-           f.Tensione(SammPiastra(c.n, 1) * k * alfa), f.Tensione(SammPiastra(c.n, 2) * k * alfa),
-           a.noto ? f.Tensione(a.singola * c.n.acciaio.Samm * k) : "0"}}}};
+    std::array<double, 2> rif{};  // the same for every bolt
+    for (const Riscontro& e : c.esiti.Righe(s)) {
+        if (e.confronto == Confronto::sigRifPias1) rif[0] = e.limite;
+        if (e.confronto == Confronto::sigRifPias2) rif[1] = e.limite;
+    }
+    return {{{"S_adm viti"}, {"T_adm viti"}, {"SadmRifPias1"}, {"SadmRifPias2"}, {"S_id_adm sald"}},
+            {{{f.Tensione(c.n.vite.SammVite * k), f.Tensione(c.n.vite.TauAmmVite * k),
+               f.Tensione(rif[0]), f.Tensione(rif[1]),
+               a.noto ? f.Tensione(a.singola * c.n.acciaio.Samm * k) : "0"}}}};
 }
 
 TabellaRel TabellaPiastre(const ContestoRel& c, int s) {
@@ -344,51 +340,38 @@ TabellaRel TabellaPiastre(const ContestoRel& c, int s) {
     t.colonne = {
         {"Piastra", true}, {c.Slu() ? "Sig" : "Smax"}, {c.Slu() ? "f_{d}" : "S_{adm}"}, {"Ver"}};
     t.insieme = 2;
-    for (int k = 1; k <= 2; ++k) {
-        const double sig = k == 1 ? c.ris.Sig(s, 0) : c.ris.SigPiastra2(s, 0);
-        const double limite =
-            c.Slu() ? FdPiastra(c.n, k) : SammPiastra(c.n, k) * FattoreCaso(c.n, s);
-        const bool passa = std::fabs(sig) <= limite;
-        t.righe.push_back({{k == 1 ? "1, compressione massima" : "2, tensione massima",
-                            c.cifre.Tensione(sig), c.cifre.Tensione(limite), Esito(passa)},
-                           !passa});
-    }
+    c.esiti.PerElemento(s, TipoElemento::piastra, [&](Righe q) {
+        const bool prima = q.front().elemento == 1;
+        t.righe.push_back(
+            RigaCon({prima ? "1, compressione massima" : "2, tensione massima",
+                     c.cifre.Tensione(prima ? c.ris.Sig(s, 0) : c.ris.SigPiastra2(s, 0)),
+                     c.cifre.Tensione(q.front().limite)},
+                    q));
+    });
     return t;
 }
 
 TabellaRel TabellaSaldature(const ContestoRel& c, int s) {
     const Risultati& r = c.ris;
     const CifreRel& f = c.cifre;
-    const bool slu = c.Slu();
     TabellaRel t;
     t.colonne = {{"Nome", true}, {"S_{prp}"}, {"τ_{pa}"}, {"τ_{pe}"}};
-    if (slu) {
+    if (c.Slu()) {
         for (const char* nome : {"SEq-1", "SEq-2", "SLim-1", "SLim-2"}) t.colonne.push_back({nome});
     }
     t.colonne.push_back({"Ver"});
     t.insieme = 2;  // a line and its mirror
-    const FattoriSaldatura b = FattoriSLU(c.n.acciaio.Nome);
-    const double lim1 = b.Beta1 * c.n.acciaio.Fyk40, lim2 = b.Beta2 * c.n.acciaio.Fyk40;
-    for (int linea = 0; linea < kSpecchio; ++linea) {
-        if (!(r.LungSald(linea) > 0.0001)) continue;
-        for (const int j : {linea, linea + kSpecchio}) {
-            RigaRel riga{{NomeLinea(j), f.Tensione(r.MaxS_prp(s, j)), f.Tensione(r.Tau_pa(s, j)),
-                          f.Tensione(r.Tau_pe(s, j))},
-                         false};
-            bool passa = true;
-            if (slu) {
-                for (const double x : {r.SEq1(s, j), r.SEq2(s, j), lim1, lim2}) {
-                    riga.celle.push_back(f.Tensione(x));
-                }
-                passa = r.SEq1(s, j) <= lim1 && r.SEq2(s, j) <= lim2;
-            } else {
-                passa = VerificaSaldaturaTA(c.n, r, j, s, FattoreCaso(c.n, s));
+    c.esiti.PerElemento(s, TipoElemento::saldatura, [&](Righe q) {
+        const int j = q.front().elemento;
+        std::vector<std::string> celle{NomeLinea(j), f.Tensione(r.MaxS_prp(s, j)),
+                                       f.Tensione(r.Tau_pa(s, j)), f.Tensione(r.Tau_pe(s, j))};
+        if (c.Slu()) {
+            for (const double x : {q[0].domanda, q[1].domanda, q[0].limite, q[1].limite}) {
+                celle.push_back(f.Tensione(x));
             }
-            riga.celle.push_back(Esito(passa));
-            riga.negativa = !passa;
-            t.righe.push_back(std::move(riga));
         }
-    }
+        t.righe.push_back(RigaCon(std::move(celle), q));
+    });
     return t;
 }
 

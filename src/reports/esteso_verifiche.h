@@ -26,11 +26,12 @@ std::string TestoMm(double x);
 // Unit's name with its signs: "daN*cm" and "daN/cm2" get a dot and a raised 2.
 std::string UnitaMostrata(const std::string& nome);
 
-// What the checks of a report read.
+// What the chapters of a report read.
 struct ContestoRel {
     const Nodo& n;
     const Opzioni& opz;
     const Risultati& ris;
+    const Esiti& esiti;
     CifreRel cifre;
     bool Slu() const { return n.MetodoVerifica() == Metodo::SLU; }
 };
@@ -38,11 +39,10 @@ struct ContestoRel {
 // Name of a load set on one line, cut where it would fill a page; "Sestetto 3: name".
 std::string NomeAzioni(const Nodo& n, int s);
 std::string NomeSestetto(const Nodo& n, int s);
-std::string ClausolaControllo(const ContestoRel& c, const ControlloElemento& e);
 // Demand and limit with their unit.
-std::string ValoreControllo(const ContestoRel& c, const ControlloElemento& e, double x);
-// The check with its numbers, load set s.
-VerificaRel SpiegaControllo(const ContestoRel& c, const ControlloElemento& e, int s);
+std::string ValoreControllo(const ContestoRel& c, const Riscontro& e, double x);
+// The check with its numbers.
+VerificaRel SpiegaControllo(const ContestoRel& c, const Riscontro& e);
 // The text report's tables of a load set.
 TabellaRel TabellaBulloni(const ContestoRel& c, int s);
 TabellaRel TabellaAmmissibili(const ContestoRel& c, int s);  // TA only

@@ -1,22 +1,48 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "joint/nodo.h"
-#include "options/opzioni.h"
 #include "textnum/unita.h"
+#include "verification/esiti.h"
 #include "verification/risultati.h"
-#include "verification/verifica_nodo.h"
 
 namespace tk07 {
 
-// The calculation report as text. Results come in daN/cm2; display units act here and nowhere else.
-// The report decides, per load set, whether the joint is verified (ris.Verificato, NodoVerificato).
-// SLU: forms SEq1 and SEq2, and writes Co1 and Co2 back rounded to 2 decimals.
-// Limits: NTC 2018 4.2.8.1.1 (4.2.71), 4.2.8.2.4 (4.2.84), (4.2.85); CNR 10011/88 for TA.
-std::string RelazioneSLU(const Nodo& nodo, const Unita& unita, Risultati& ris);
-std::string RelazioneTA(const Nodo& nodo, const Opzioni& opz, const Unita& unita, Risultati& ris);
+// The calculation report as text, and where it speaks of what: lines count from 0.
+struct RigaRelazione {
+    int riga = 0;
+    int sestetto = 0;  // from 0
+    Famiglia famiglia = Famiglia::bulloni;
+    int elemento = 0;  // as in Riscontro
+};
+struct SestettoRelazione {
+    int capo = 0, verdetto = 0;  // lines of its head and of its verdict
+    bool verificato = false;
+    std::string nome;  // of the load set, as the head has it
+};
+struct RelazioneScritta {
+    std::string testo;
+    std::vector<RigaRelazione> righe;  // rows of bolts, plates and welds, ascending
+    std::vector<SestettoRelazione> sestetti;
+};
 
+// Results come in daN/cm2; display units act here and nowhere else. Nothing is judged here: what
+// passes stands in the findings of the same results.
+RelazioneScritta RelazioneSLU(const Nodo& nodo, const Unita& unita, const Risultati& ris,
+                              const Esiti& esiti);
+RelazioneScritta RelazioneTA(const Nodo& nodo, const Unita& unita, const Risultati& ris,
+                             const Esiti& esiti);
+// The one of the joint's method.
+RelazioneScritta RelazioneDi(const Nodo& nodo, const Unita& unita, const Risultati& ris,
+                             const Esiti& esiti);
+
+// Where the report goes.
+struct DestinazioneRelazione {
+    std::string dirLavoro;
+    std::string nomeFile;  // the joint's name without extension
+};
 // Work directory + "\RelSLU_" ("\RelTA_") + codice + "_" + joint's name + ".txt".
 std::string NomeRelazione(const DestinazioneRelazione& dest, const std::string& metodo,
                           const std::string& codice);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <span>
+#include <utility>
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
@@ -44,13 +45,13 @@ class Tabella {
 
 class Slu {
   public:
-    Slu(const Nodo& n, const Unita& u, Risultati& ris) : n_(n), u_(u), ris_(ris) {}
+    Slu(const Nodo& n, const Unita& u, const Risultati& ris, const Esiti& esiti)
+        : n_(n), u_(u), ris_(ris), esiti_(esiti) {}
 
-    std::string Scrivi() {
+    RelazioneScritta Scrivi() {
         Testata();
         Geometria();
         Materiali();
-        ris_.NodoVerificato = true;
         for (int s = 0; s < n_.nSollAg; ++s) Sestetto(s);
         return t_.Prendi();
     }
@@ -140,7 +141,6 @@ class Slu {
     }
 
     void Sestetto(int s) {
-        bool ok = true;
         TestataSestetto(n_, s, t_);
         const auto azione = [](const char* nome, double x) {
             return CampoTesto(std::string_view(nome + TestoNumero(x)), 20, Separatore::no, S);
@@ -149,94 +149,89 @@ class Slu {
                 azione("Tz = ", Forza(n_.TaglioZ(s))));
         t_.Riga(azione("Mt = ", Momento(n_.MomTorc(s))) + azione("My = ", Momento(n_.MomY(s))) +
                 azione("Mz = ", Momento(n_.MomZ(s))));
-        VerificaBulloni(s, ok);
-        t_.Riga();
-        t_.Riga("Compressione massima sulla piastra 1");
-        Piastra(ris_.Sig(s, 0), FdPiastra(n_, 1), ok);
-        t_.Riga();
-        t_.Riga("Tensione massima nella piastra 2");
-        Piastra(ris_.SigPiastra2(s, 0), FdPiastra(n_, 2), ok);
-        Saldature(s, ok);
-        VerdettoSestetto(n_, s, ok, t_);
-        ris_.Verificato(s, 0) = ok ? 1 : 0;
-        if (!ok) ris_.NodoVerificato = false;
+        VerificaBulloni(s);
+        Piastre(s);
+        Saldature(s);
+        VerdettoSestetto(n_, s, esiti_.Sestetto(s).verificato, t_);
     }
 
-    static const char* Esito(bool passa, bool& ok) {
-        if (passa) return "SI'";
-        ok = false;
-        return "NO";
-    }
+    using Righe = std::span<const Riscontro>;
+    static const char* Esito(Righe righe) { return Passano(righe) ? "SI'" : "NO"; }
 
-    void VerificaBulloni(int s, bool& ok) {
+    void VerificaBulloni(int s) {
         t_.Riga();
         t_.Riga("Verifica bulloni");
-        t_.Riga("Co-1, Co-2: NTC 2018, 4.2.8.1.1 formula (4.2.71)");
+        t_.Riga(std::string("Co-1, Co-2: ") + ntc::kTaglioETrazione.norma + " formula " +
+                ntc::kTaglioETrazione.formula);
         Tabella riga;
         riga("Num", 3, S);
         for (const char* c : {"Fv,Ed", "Fv,Rd", "Fb,Rd", "Ft,Ed", "Ft,Rd", "Bp,Rd"}) riga(c, 7, D);
         riga("Co-1", 4, D)("Co-2", 4, D)("Ver", 3, D).Chiudi(t_);
-        for (int i = 1; i <= n_.nBull; ++i) {
-            // The test works on the rounded ratios: 1.004 passes.
-            double& co1 = ris_.Co1(s, i);
-            double& co2 = ris_.Co2(s, i);
-            co1 = Arrotonda(co1, 2);
-            co2 = Arrotonda(co2, 2);
+        esiti_.PerElemento(s, TipoElemento::bullone, [&](Righe q) {
+            const int i = q.front().elemento;
+            t_.Segna(q.front());
             riga(i, 3, S);
             for (const double f : {ris_.Fv_Ed(s, i), ris_.Fv_Rd(i), ris_.Fb_Rd(i), ris_.Ft_Ed(s, i),
                                    ris_.Ft_Rd(i), ris_.Bp_Rd(i)}) {
                 riga(Forza(f), 7);
             }
-            riga(co1, 4)(co2, 4)(Esito(co1 <= 1.0 && co2 <= 1.0, ok), 3, D).Chiudi(t_);
-        }
+            riga(ris_.Co1(s, i), 4)(ris_.Co2(s, i), 4)(Esito(q), 3, D).Chiudi(t_);
+        });
     }
 
-    void Piastra(double sig, double fd, bool& ok) {
-        Tabella riga;
-        riga("Sig", 7, D)("fd", 7, D)("Ver", 3, D).Chiudi(t_);
-        riga(Tensione(sig), 7)(Tensione(fd), 7)(Esito(std::fabs(sig) <= fd, ok), 3, D);
-        riga.Chiudi(t_);
+    void Piastre(int s) {
+        esiti_.PerElemento(s, TipoElemento::piastra, [&](Righe q) {
+            const bool prima = q.front().elemento == 1;
+            t_.Riga();
+            t_.Riga(prima ? "Compressione massima sulla piastra 1"
+                          : "Tensione massima nella piastra 2");
+            Tabella riga;
+            t_.Segna(q.front());
+            riga("Sig", 7, D)("fd", 7, D)("Ver", 3, D).Chiudi(t_);
+            t_.Segna(q.front());
+            riga(Tensione(prima ? ris_.Sig(s, 0) : ris_.SigPiastra2(s, 0)), 7)(
+                Tensione(q.front().limite), 7)(Esito(q), 3, D);
+            riga.Chiudi(t_);
+        });
     }
 
-    void Saldature(int s, bool& ok) {
+    void Saldature(int s) {
         t_.Riga();
         t_.Riga("Saldature");
-        t_.Riga("SEq-1, SLim-1: NTC 2018, 4.2.8.2.4 formula (4.2.84)");
-        t_.Riga("SEq-2, SLim-2: NTC 2018, 4.2.8.2.4 formula (4.2.85)");
-        CalcolaSEq(s, ris_);
+        for (const auto& [nomi, c] : {std::pair{"SEq-1, SLim-1: ", ntc::kSaldaturaRisultante},
+                                      std::pair{"SEq-2, SLim-2: ", ntc::kSaldaturaSomma}}) {
+            t_.Riga(std::string(nomi) + c.norma + " formula " + c.formula);
+        }
         Tabella riga;
         riga("Nome", 4, S);
         for (const char* c : {"S_prp", "Tau_pa", "Tau_pe", "SEq-1", "SEq-2", "SLim-1", "SLim-2"}) {
             riga(c, 7, D);
         }
         riga("Ver", 3, D).Chiudi(t_);
-        // The limit takes the strength of thin plates, whatever the thickness.
-        const FattoriSaldatura f = FattoriSLU(n_.acciaio.Nome);
-        const double lim1 = f.Beta1 * n_.acciaio.Fyk40, lim2 = f.Beta2 * n_.acciaio.Fyk40;
-        for (int linea = 0; linea < 15; ++linea) {
-            if (!(ris_.LungSald(linea) > 0.0001)) continue;
-            for (const int j : {linea, linea + kSpecchio}) {
-                const double e1 = ris_.SEq1(s, j), e2 = ris_.SEq2(s, j);
-                riga(NomeLinea(j), 4, S);
-                for (const double x : {ris_.MaxS_prp(s, j), ris_.Tau_pa(s, j), ris_.Tau_pe(s, j),
-                                       e1, e2, lim1, lim2}) {
-                    riga(Tensione(x), 7);
-                }
-                riga(Esito(e1 <= lim1 && e2 <= lim2, ok), 3, D).Chiudi(t_);
+        esiti_.PerElemento(s, TipoElemento::saldatura, [&](Righe q) {
+            const int j = q.front().elemento;
+            t_.Segna(q.front());
+            riga(NomeLinea(j), 4, S);
+            for (const double x : {ris_.MaxS_prp(s, j), ris_.Tau_pa(s, j), ris_.Tau_pe(s, j),
+                                   q[0].domanda, q[1].domanda, q[0].limite, q[1].limite}) {
+                riga(Tensione(x), 7);
             }
-        }
+            riga(Esito(q), 3, D).Chiudi(t_);
+        });
     }
 
     const Nodo& n_;
     const Unita& u_;
-    Risultati& ris_;
+    const Risultati& ris_;
+    const Esiti& esiti_;
     TestoRelazione t_;
 };
 
 }  // namespace
 
-std::string RelazioneSLU(const Nodo& nodo, const Unita& unita, Risultati& ris) {
-    return Slu(nodo, unita, ris).Scrivi();
+RelazioneScritta RelazioneSLU(const Nodo& nodo, const Unita& unita, const Risultati& ris,
+                              const Esiti& esiti) {
+    return Slu(nodo, unita, ris, esiti).Scrivi();
 }
 
 }  // namespace tk07

@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <span>
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
@@ -8,7 +8,6 @@
 #include "reports/comune.h"
 #include "reports/relazione.h"
 #include "textnum/formatta.h"
-#include "verification/resistenze.h"
 #include "verification/saldature.h"
 
 namespace tk07 {
@@ -17,14 +16,13 @@ namespace {
 
 class Ta {
   public:
-    Ta(const Nodo& n, const Opzioni& opz, const Unita& u, Risultati& ris)
-        : n_(n), opz_(opz), u_(u), ris_(ris) {}
+    Ta(const Nodo& n, const Unita& u, const Risultati& ris, const Esiti& esiti)
+        : n_(n), u_(u), ris_(ris), esiti_(esiti) {}
 
-    std::string Scrivi() {
+    RelazioneScritta Scrivi() {
         Testata();
         Geometria();
         Materiali();
-        ris_.NodoVerificato = true;
         for (int s = 0; s < n_.nSollAg; ++s) Sestetto(s);
         return t_.Prendi();
     }
@@ -50,11 +48,8 @@ class Ta {
     double Tensione(double x) const {
         return Arrotonda(x * u_.FattoreTensioni, u_.DecimaliTensioni);
     }
-    static const char* Esito(bool passa, bool& ok) {
-        if (passa) return "SI'";
-        ok = false;
-        return "NO ****";
-    }
+    using Righe = std::span<const Riscontro>;
+    static const char* Esito(Righe righe) { return Passano(righe) ? "SI'" : "NO ****"; }
 
     void Testata() {
         t_.Riga(TitoloRelazione(n_, "METODO DELLE TENSIONI AMMISSIBILI (CNR 10011/88)"));
@@ -136,81 +131,84 @@ class Ta {
     }
 
     void Sestetto(int s) {
-        bool ok = true;
         TestataSestetto(n_, s, t_);
         Azioni(s);
         const bool casoII = n_.CasoCarico(s) != 0;
         const double k = FattoreCaso(n_, s);
         t_.Riga(std::string("Combinazione di carico tipo ") + (casoII ? "II" : "I"));
-        VerificaBulloni(s, k, ok);
-        t_.Riga();
-        t_.Riga("Compressione massima sulla piastra 1");
-        Piastra(ris_.Sig(s, 0), SammPiastra(n_, 1) * k, ok);
-        t_.Riga();
-        t_.Riga("Tensione massima nella piastra 2");
-        Piastra(ris_.SigPiastra2(s, 0), SammPiastra(n_, 2) * k, ok);
-        Saldature(s, k, ok);
-        VerdettoSestetto(n_, s, ok, t_);
-        ris_.Verificato(s, 0) = ok ? 1 : 0;
-        if (!ok) ris_.NodoVerificato = false;
+        VerificaBulloni(s, k);
+        Piastre(s);
+        Saldature(s, k);
+        VerdettoSestetto(n_, s, esiti_.Sestetto(s).verificato, t_);
     }
 
-    void VerificaBulloni(int s, double k, bool& ok) {
-        const double coeffBulloni = CoeffRifollamento(n_, opz_, s);
-        const double SammV = n_.vite.SammVite, TauV = n_.vite.TauAmmVite;
-        const double rif1 = SammPiastra(n_, 1) * k * coeffBulloni;
-        const double rif2 = SammPiastra(n_, 2) * k * coeffBulloni;
+    void VerificaBulloni(int s, double k) {
         t_.Riga();
         t_.Riga("Verifica Bulloni");
-        Valori()("S_adm viti")("T_adm viti")("SadmRifPias1")("SadmRifPias2").Chiudi(t_);
-        Valori()(Tensione(SammV * k))(Tensione(TauV * k))(Tensione(rif1))(Tensione(rif2))
-            .Chiudi(t_);
-        Valori()("Num.")("Sigma")("Tau")("Coeff")("SigRifPias1")("SigRifPias2")("Ver.").Chiudi(t_);
-        for (int i = 1; i <= n_.nBull; ++i) {
-            const double sigma = ris_.Sigma(s, i), tau = ris_.Tau(s, i);
-            const double r1 = ris_.SigRifPias1(s, i - 1), r2 = ris_.SigRifPias2(s, i - 1);
-            const double a = sigma / SammV / k, b = tau / TauV / k;
-            const double coeff = Arrotonda(a * a + b * b, 2);  // tested after its rounding
-            const bool passa = coeff <= 1.0 && std::fabs(r1) <= rif1 && std::fabs(r2) <= rif2;
-            Valori()(double(i))(Tensione(sigma))(Tensione(tau))(coeff)(Tensione(r1))(Tensione(r2))(
-                Esito(passa, ok))
+        bool testata = false;
+        esiti_.PerElemento(s, TipoElemento::bullone, [&](Righe q) {
+            const Riscontro &coeff = q[0], &rif1 = q[1], &rif2 = q[2];
+            if (!testata) {  // the bearing limits are those of every bolt
+                Valori()("S_adm viti")("T_adm viti")("SadmRifPias1")("SadmRifPias2").Chiudi(t_);
+                Valori()(Tensione(n_.vite.SammVite * k))(Tensione(n_.vite.TauAmmVite * k))(
+                    Tensione(rif1.limite))(Tensione(rif2.limite))
+                    .Chiudi(t_);
+                Valori()("Num.")("Sigma")("Tau")("Coeff")("SigRifPias1")("SigRifPias2")("Ver.")
+                    .Chiudi(t_);
+                testata = true;
+            }
+            const int i = coeff.elemento;
+            t_.Segna(coeff);
+            Valori()(double(i))(Tensione(ris_.Sigma(s, i)))(Tensione(ris_.Tau(s, i)))(
+                coeff.domanda)(Tensione(ris_.SigRifPias1(s, i - 1)))(
+                Tensione(ris_.SigRifPias2(s, i - 1)))(Esito(q))
                 .Chiudi(t_);
-        }
+        });
     }
 
-    void Piastra(double sig, double limite, bool& ok) {
-        Valori()("Smax")("S_adm")("Ver.").Chiudi(t_);
-        Valori()(Tensione(sig))(Tensione(limite))(Esito(std::fabs(sig) <= limite, ok)).Chiudi(t_);
+    void Piastre(int s) {
+        esiti_.PerElemento(s, TipoElemento::piastra, [&](Righe q) {
+            const bool prima = q.front().elemento == 1;
+            t_.Riga();
+            t_.Riga(prima ? "Compressione massima sulla piastra 1"
+                          : "Tensione massima nella piastra 2");
+            t_.Segna(q.front());
+            Valori()("Smax")("S_adm")("Ver.").Chiudi(t_);
+            t_.Segna(q.front());
+            Valori()(Tensione(prima ? ris_.Sig(s, 0) : ris_.SigPiastra2(s, 0)))(
+                Tensione(q.front().limite))(Esito(q))
+                .Chiudi(t_);
+        });
     }
 
-    void Saldature(int s, double k, bool& ok) {
+    void Saldature(int s, double k) {
         t_.Riga();
         t_.Riga("Saldature");
         const FattoriTA f = FattoriTensAmm(n_.acciaio.Nome);
         t_.Riga("S_id_adm sald\t" +
                 (f.noto ? TestoGenerale(Tensione(f.singola * n_.acciaio.Samm * k)) : "0"));
         Valori()("Descr.")("Sigma")("TauPa")("TauPe")("Ver.").Chiudi(t_);
-        for (int linea = 0; linea < 15; ++linea) {
-            if (!(ris_.LungSald(linea) > 0.0001)) continue;
-            for (const int j : {linea, linea + kSpecchio}) {
-                Valori()(NomeLinea(j))(Tensione(ris_.MaxS_prp(s, j)))(Tensione(ris_.Tau_pa(s, j)))(
-                    Tensione(ris_.Tau_pe(s, j)))(Esito(VerificaSaldaturaTA(n_, ris_, j, s, k), ok))
-                    .Chiudi(t_);
-            }
-        }
+        esiti_.PerElemento(s, TipoElemento::saldatura, [&](Righe q) {
+            const int j = q.front().elemento;
+            t_.Segna(q.front());
+            Valori()(NomeLinea(j))(Tensione(ris_.MaxS_prp(s, j)))(Tensione(ris_.Tau_pa(s, j)))(
+                Tensione(ris_.Tau_pe(s, j)))(Esito(q))
+                .Chiudi(t_);
+        });
     }
 
     const Nodo& n_;
-    const Opzioni& opz_;
     const Unita& u_;
-    Risultati& ris_;
+    const Risultati& ris_;
+    const Esiti& esiti_;
     TestoRelazione t_;
 };
 
 }  // namespace
 
-std::string RelazioneTA(const Nodo& nodo, const Opzioni& opz, const Unita& unita, Risultati& ris) {
-    return Ta(nodo, opz, unita, ris).Scrivi();
+RelazioneScritta RelazioneTA(const Nodo& nodo, const Unita& unita, const Risultati& ris,
+                             const Esiti& esiti) {
+    return Ta(nodo, unita, ris, esiti).Scrivi();
 }
 
 }  // namespace tk07

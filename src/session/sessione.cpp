@@ -118,19 +118,4 @@ void ControllaMateriali(Sessione& s) {
     }
 }
 
-void VerificaSessione(Sessione& s) {
-    s.RisultatiValidi = false;
-    s.ultimaVerifica = RisultatoVerifica{};
-    RicalcolaNervatura3(s.nodo);
-    if (ControllaDati(s.nodo, s.opz, s.piattaforma)) {
-        MostraAvviso(s.piattaforma, "La verifica non è possibile!");
-        return;
-    }
-    s.piattaforma.puntatore(11);
-    s.ultimaVerifica =
-        VerificaNodo(s.nodo, s.opz, s.unita, {s.dir.dirLavoro, s.nomeFile}, s.ris, s.piattaforma);
-    s.RisultatiValidi = s.ultimaVerifica.esito == EsitoVerifica::completata;
-    s.piattaforma.puntatore(0);
-}
-
 }  // namespace tk07

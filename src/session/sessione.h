@@ -18,9 +18,8 @@
 #include "options/opzioni.h"
 #include "scene3d/scena.h"
 #include "session/pannello.h"
+#include "session/verifica_sessione.h"
 #include "textnum/unita.h"
-#include "verification/risultati.h"
-#include "verification/verifica_nodo.h"
 
 namespace tk07 {
 
@@ -43,7 +42,8 @@ struct Sessione {
     Opzioni opz;
     Nodo nodo;
     Risultati ris;
-    bool RisultatiValidi = false;  // the result record belongs to a completed verification
+    Esiti esiti;
+    bool RisultatiValidi = false;  // results and findings belong to a completed verification
     RisultatoVerifica ultimaVerifica;
     NoteLettura ultimaLettura;
     Disegno disegno;  // the drawing composed last
@@ -78,7 +78,8 @@ std::string ComponiTitolo(const std::string& direttorio, const std::string& file
 // Opens a joint file: stamps, reader of its format, library records, materials, refresh of the
 // panel. False when the file cannot be read; nothing has changed then.
 bool ApriNodo(Sessione& s, const std::string& percorso);
-// Third rib, consistency checks, verification, report.
+// Third rib, consistency checks, verification; then the report is written, a joint that fails is
+// told, and the report shown in the text editor.
 void VerificaSessione(Sessione& s);
 // Whether the steel and the bolt class of the joint are in the tables; what is not is told and
 // replaced.

@@ -19,9 +19,8 @@ void EsaminaNodo(Nodo& n, const Opzioni& opz, Esame& esame) {
         RicalcolaNervatura3(n);
         if (ControllaDati(n, opz, p)) return;
         dove = &esame.avvisi;
-        if (CalcolaNodo(n, opz, esame.ris, p) != EsitoVerifica::completata) return;
-        esame.riepilogo = RiepilogoVerifica(n, opz, esame.ris);
-        esame.calcolato = true;
+        esame.calcolato =
+            VerificaNodo(n, opz, esame.ris, esame.esiti, p) == EsitoVerifica::completata;
     } catch (const ErroreFatale& e) {  // a copy that cannot be judged costs nothing
         dove->push_back(e.what());
     }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "verification/riepilogo.h"
+#include "verification/esiti.h"
 
 namespace tk07 {
 
@@ -14,10 +14,10 @@ struct Esame {
     std::vector<std::string> avvisi;        // spacing rules, and why a calculation stopped
     bool calcolato = false;
     Risultati ris;
-    Riepilogo riepilogo;
+    Esiti esiti;
 };
 
-// Third rib, consistency checks, calculation (past breaches of the spacing rules), summary. The
+// Third rib, consistency checks, calculation (past breaches of the spacing rules), findings. The
 // caller hands over a copy: its third rib is recomputed. The tables of `esame` are
 // used again.
 void EsaminaNodo(Nodo& copia, const Opzioni& opz, Esame& esame);

@@ -25,19 +25,26 @@ Indici OrdinaIndici(const Coordinate& chiave, int n) {
 
 using Distanze = std::vector<DistanzaBulloni>;
 
+// Bolts 1..n by their coordinates and shanks.
+struct Disposizione {
+    const Coordinate &x, &y, &d;
+    int n;
+};
+
 // The distances of one direction: edges plate by plate, far edge first, then the neighbours by
 // ascending position.
 class Passata {
   public:
-    Passata(const Nodo& n, double gioco, Norma norma, Direzione dir)
+    Passata(const Nodo& n, const Disposizione& b, double gioco, Norma norma, Direzione dir)
         : n_(n),
+          b_(b),
           gioco_(gioco),
           dir_(dir),
           regola_(RegolaDi(norma, n.Esposizione)),
           passoMax_(regola_.PassoMassimo(Min(n.SpPiastra(1), n.SpPiastra(2)))),
-          pos_(dir == Direzione::orizzontale ? n.Xbull : n.Ybull),
-          trasv_(dir == Direzione::orizzontale ? n.Ybull : n.Xbull),
-          ordine_(OrdinaIndici(pos_, n.nBull)) {}
+          pos_(dir == Direzione::orizzontale ? b.x : b.y),
+          trasv_(dir == Direzione::orizzontale ? b.y : b.x),
+          ordine_(OrdinaIndici(pos_, b.n)) {}
 
     void Misura(Distanze& d) const {
         Bordi(d);
@@ -45,11 +52,11 @@ class Passata {
     }
 
   private:
-    double d0(int i) const { return n_.Fibull(i) + gioco_; }
+    double d0(int i) const { return b_.d(i) + gioco_; }
     int Ordinato(int a) const { return ordine_[static_cast<std::size_t>(a)]; }
 
     void Bordi(Distanze& d) const {
-        const int primo = Ordinato(0), ultimo = Ordinato(n_.nBull - 1);
+        const int primo = Ordinato(0), ultimo = Ordinato(b_.n - 1);
         for (int k = 1; k <= 2; ++k) {
             double lo = -n_.BPiastra(k) / 2.0, hi = n_.BPiastra(k) / 2.0;
             if (dir_ == Direzione::verticale) {
@@ -68,13 +75,12 @@ class Passata {
     }
 
     void Interassi(Distanze& d) const {
-        const double tan30 = std::tan(kPi / 6.0);
-        for (int a = 0; a < n_.nBull - 1; ++a) {
+        for (int a = 0; a < b_.n - 1; ++a) {
             const int i = Ordinato(a);
-            for (int b = a + 1; b < n_.nBull; ++b) {
+            for (int b = a + 1; b < b_.n; ++b) {
                 const int j = Ordinato(b);
                 const double passo = std::fabs(pos_(j) - pos_(i));
-                if (std::fabs(trasv_(j) - trasv_(i)) > passo * tan30) continue;
+                if (std::fabs(trasv_(j) - trasv_(i)) > passo * kTanCuneo) continue;
                 // The first bolt on a row with i is its neighbour, and the only one measured.
                 d.push_back({dir_, 0, false, i, j, passo,
                              regola_.PassoMin(dir_) * Min(d0(i), d0(j)), passoMax_});
@@ -84,6 +90,7 @@ class Passata {
     }
 
     const Nodo& n_;
+    const Disposizione& b_;
     double gioco_;
     Direzione dir_;
     const RegolaDistanze& regola_;
@@ -124,27 +131,45 @@ bool Giudica(const Distanze& d, Norma norma, const Piattaforma& p) {
     return rispettate;
 }
 
-Distanze Misura(const Nodo& n, const Opzioni& opz, Norma norma, Direzione dir) {
+Distanze Misura(const Nodo& n, const Disposizione& b, const Opzioni& opz, Norma norma,
+                Direzione dir) {
     Distanze d;
-    if (n.nBull > 0) Passata(n, opz.ValOpz(kOpzTollForo), norma, dir).Misura(d);
+    if (b.n > 0) Passata(n, b, opz.ValOpz(kOpzTollForo), norma, dir).Misura(d);
+    return d;
+}
+
+Distanze MisuraTutte(const Nodo& n, const Disposizione& b, const Opzioni& opz) {
+    Distanze d = Misura(n, b, opz, NormaDi(n), Direzione::orizzontale);
+    const Distanze v = Misura(n, b, opz, NormaDi(n), Direzione::verticale);
+    d.insert(d.end(), v.begin(), v.end());
     return d;
 }
 
 bool Controlla(const Nodo& n, const Opzioni& opz, Norma norma, const Piattaforma& p) {
     if (n.nBull <= 0) return true;
-    const bool o = Giudica(Misura(n, opz, norma, Direzione::orizzontale), norma, p);
-    const bool v = Giudica(Misura(n, opz, norma, Direzione::verticale), norma, p);
+    const Disposizione b{n.Xbull, n.Ybull, n.Fibull, n.nBull};
+    const bool o = Giudica(Misura(n, b, opz, norma, Direzione::orizzontale), norma, p);
+    const bool v = Giudica(Misura(n, b, opz, norma, Direzione::verticale), norma, p);
     return o && v;
 }
 
 }  // namespace
 
 std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& n, const Opzioni& opz) {
-    const Norma norma = NormaDi(n);
-    Distanze d = Misura(n, opz, norma, Direzione::orizzontale);
-    const Distanze v = Misura(n, opz, norma, Direzione::verticale);
-    d.insert(d.end(), v.begin(), v.end());
-    return d;
+    return MisuraTutte(n, {n.Xbull, n.Ybull, n.Fibull, n.nBull}, opz);
+}
+
+std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& n, const Opzioni& opz,
+                                             const std::vector<PosizioneBullone>& bulloni) {
+    Coordinate x, y, d;
+    int quanti = 0;
+    for (const PosizioneBullone& b : bulloni) {
+        ++quanti;
+        x(quanti) = b.x;
+        y(quanti) = b.y;
+        d(quanti) = b.d;
+    }
+    return MisuraTutte(n, {x, y, d, quanti}, opz);
 }
 
 bool ControllaBulloniNTC(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {

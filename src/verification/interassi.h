@@ -33,4 +33,12 @@ struct DistanzaBulloni {
 // the last bolt, every pair of neighbours; horizontal first.
 std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& nodo, const Opzioni& opz);
 
+// The same for other bolts on the joint's plates, as while a layout is being moved about: bolt i at
+// i - 1, at most kMaxBulloni.
+struct PosizioneBullone {
+    double x = 0.0, y = 0.0, d = 0.0;  // mm, d the shank
+};
+std::vector<DistanzaBulloni> DistanzeBulloni(const Nodo& nodo, const Opzioni& opz,
+                                             const std::vector<PosizioneBullone>& bulloni);
+
 }  // namespace tk07

@@ -6,13 +6,12 @@
 
 #include "base/aritmetica.h"
 #include "norme/cnr10011.h"
+#include "norme/distanze.h"
 #include "norme/ntc2018.h"
 
 namespace tk07 {
 
 namespace {
-
-const double kTan30 = std::tan(kPi / 6.0);
 
 // Neighbours of bolt i along a direction: all bolts within a wedge of 30 degrees around it, itself
 // included. `pos` is measured along the direction, `trasv` across it.
@@ -27,7 +26,7 @@ Fila FilaDi(const Nodo& n, const Coordinate& pos, const Coordinate& trasv, int i
     Fila f{pos(i), pos(i), 1e20};
     for (int j = 1; j <= n.nBull; ++j) {
         const double d = std::fabs(pos(j) - pos(i));
-        if (std::fabs(trasv(j) - trasv(i)) > d * kTan30) continue;
+        if (std::fabs(trasv(j) - trasv(i)) > d * kTanCuneo) continue;
         f.minimo = Min(f.minimo, pos(j));
         f.massimo = Max(f.massimo, pos(j));
         if (j != i) f.vicino = Min(f.vicino, d);

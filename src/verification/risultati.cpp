@@ -34,6 +34,7 @@ void AzzeraRisultati(const Nodo& nodo, Risultati& ris) {
     ris.Piano.Dimensiona(n);
     ris.MPiastra2.Dimensiona(n);
     ris.Verificato.Dimensiona(n);
+    ris.Interruzioni.clear();
     ris.NodoVerificato = false;
 }
 

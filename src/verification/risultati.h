@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/tabella.h"
 #include "joint/nodo.h"
@@ -9,9 +10,12 @@ namespace tk07 {
 
 inline constexpr int kLineeSaldatura = 30;  // 0..14 lines s1..s15, 15..29 their mirrors s1'..s15'
 
+// Where a step of the verification breaks off, with a message: what would follow stays 0.
+enum class Interruzione { s1Verticali, s1Orizzontali, s2Verticali, s2Orizzontali, s2Nervatura3 };
+
 // The result record of one verification. Load sets s from 0, bolts i from 1, weld lines j from 0,
 // ends of a line k 0..1. During the calculation stresses are daN/mm2; TensioniAlCm2 turns them into
-// daN/cm2 before the report. Forces in daN, lengths in mm. Tension is positive.
+// daN/cm2 at its end. Forces in daN, lengths in mm. Tension is positive.
 struct Risultati {
     // bolts
     TabPerSestetto<double, 0, kMaxBulloni> Sigma;            // stress plane at the bolt
@@ -20,7 +24,7 @@ struct Risultati {
     TabPerSestetto<double, 0, kMaxBulloni - 1> SigRifPias2;
     TabPerSestetto<double, 0, kMaxBulloni> Fv_Ed, Ft_Ed;  // SLU only
     Tab1<double, 0, kMaxBulloni> Fv_Rd, Fb_Rd, Ft_Rd, Bp_Rd;
-    TabPerSestetto<double, 0, kMaxBulloni> Co1, Co2;
+    TabPerSestetto<double, 0, kMaxBulloni> Co1, Co2;  // to 2 decimals at the end
     // The stress plane s(x, y) = c1 y + c2 x + c3, always in daN/mm2.
     TabPerSestetto<double, 1, 3> Piano;
     // plates
@@ -33,7 +37,8 @@ struct Risultati {
     TabPerSestetto<double, 0, kLineeSaldatura - 1> S_prp1, S_prp2;  // at the two ends
     TabPerSestetto<double, 0, kLineeSaldatura - 1> Tau_pa, Tau_pe;
     TabPerSestetto<double, 0, kLineeSaldatura - 1> SEq1, SEq2;  // SLU only
-    // verdict of the report
+    std::vector<Interruzione> Interruzioni;
+    // verdict
     TabPerSestetto<char, 0, 0> Verificato;  // 1 verified, 0 not
     bool NodoVerificato = false;
 

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "base/aritmetica.h"
-#include "norme/cnr10011.h"
 
 namespace tk07 {
 
@@ -85,14 +84,24 @@ void CalcolaSEq(int s, Risultati& ris) {
     }
 }
 
-bool VerificaSaldaturaTA(const Nodo& n, const Risultati& ris, int j, int s, double k) {
-    const FattoriTA f = FattoriTensAmm(n.acciaio.Nome);
-    if (!f.noto) return false;
-    const double P = ris.MaxS_prp(s, j), pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
-    const double a = n.acciaio.Samm * k;
-    return std::sqrt(P * P + pa * pa + pe * pe) <= f.singola * a &&
-           std::fabs(P) + std::fabs(pe) <= f.somma * a && std::fabs(P) <= f.singola * a &&
-           pa <= f.singola * a && pe <= f.singola * a;
+const char* TestoInterruzione(Interruzione i) {
+    switch (i) {
+        case Interruzione::s1Verticali:
+            return "Area delle saldature tipo S1 verticali nulla. Verifica non possibile.";
+        case Interruzione::s1Orizzontali:
+            return "Area delle saldature tipo S1 orizzontali nulla. Verifica non possibile.";
+        case Interruzione::s2Orizzontali:
+            return "Area delle saldature tipo S2 orizzontali nulla. Verifica non possibile.";
+        case Interruzione::s2Verticali:
+        case Interruzione::s2Nervatura3:
+            break;
+    }
+    return "Area delle saldature tipo S2 verticali nulla. Verifica non possibile.";
+}
+
+void Interrompi(Interruzione i, Risultati& ris, const Piattaforma& p) {
+    ris.Interruzioni.push_back(i);
+    MostraErrore(p, TestoInterruzione(i));
 }
 
 }  // namespace tk07

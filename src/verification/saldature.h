@@ -41,12 +41,18 @@ struct GruppoS2 {
 GruppoS2 ProprietaS2(const Nodo& nodo, const Risultati& ris);
 
 // Stresses S_prp (two ends), Tau_pa, Tau_pe of the group's lines for every load set. A group
-// without vertical or horizontal area shows a box; what is not yet written stays 0 and the run goes
-// on. GrandezzaNulla names a divisor that is exactly 0. Kept on purpose: S2 takes the moments of
-// the load table as they are stored, without the factor 10 that S1 has; the torsion share takes the
-// sign of the shear; s10' and s11' get Tau_pa even where the line has no mirror.
+// without vertical or horizontal area shows a box and is noted in ris.Interruzioni; what is not yet
+// written stays 0 and the run goes on. GrandezzaNulla names a divisor that is exactly 0. Kept on
+// purpose: S2 takes the moments of the load table as they are stored, without the factor 10 that S1
+// has; the torsion share takes the sign of the shear; s10' and s11' get Tau_pa even where the line
+// has no mirror.
 void VerificaSaldatureS1(const Nodo& nodo, double distAzioni, Risultati& ris, const Piattaforma& p);
 void VerificaSaldatureS2(const Nodo& nodo, double distAzioni, Risultati& ris, const Piattaforma& p);
+
+// The message of a step that breaks off.
+const char* TestoInterruzione(Interruzione i);
+// Shows it and notes it in the record.
+void Interrompi(Interruzione i, Risultati& ris, const Piattaforma& p);
 
 // From a line's index to that of its mirror.
 inline constexpr int kSpecchio = 15;
@@ -58,10 +64,6 @@ void AggiungiTaglio(const Nodo& nodo, std::initializer_list<int> linee,
 // SLU: equivalent stresses SEq1 and SEq2 of all lines of load set s [daN/cm2], NTC 2018 (4.2.84),
 // (4.2.85).
 void CalcolaSEq(int s, Risultati& ris);
-
-// TA: whether weld line j (0..29) of load set s passes, with the load case factor k (CNR 10011/88).
-// The tests on Tau_pa and Tau_pe alone take no absolute value: that of the resultant covers them.
-bool VerificaSaldaturaTA(const Nodo& nodo, const Risultati& ris, int j, int s, double k);
 
 // Name of line j (0..29): "s1".."s15", "s1'".."s15'".
 std::string NomeLinea(int j);

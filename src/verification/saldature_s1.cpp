@@ -205,12 +205,12 @@ void VerificaSaldatureS1(const Nodo& n, double distAzioni, Risultati& ris, const
         }
     }
     if (!(g.Av > 0.0001)) {
-        MostraErrore(p, "Area delle saldature tipo S1 verticali nulla. Verifica non possibile.");
+        Interrompi(Interruzione::s1Verticali, ris, p);
         return;
     }
     AggiungiTaglio(n, {1, 13, 15}, n.TaglioY, g.Av, ris);
     if (!(g.Ah > 0.0001)) {
-        MostraErrore(p, "Area delle saldature tipo S1 orizzontali nulla. Verifica non possibile.");
+        Interrompi(Interruzione::s1Orizzontali, ris, p);
         return;
     }
     AggiungiTaglio(n, {2, 3, 10, 11}, n.TaglioZ, g.Ah, ris);

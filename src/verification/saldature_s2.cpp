@@ -134,12 +134,12 @@ void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const
         }
     }
     if (!(g.Av > 0.0001)) {
-        MostraErrore(p, "Area delle saldature tipo S2 verticali nulla. Verifica non possibile.");
+        Interrompi(Interruzione::s2Verticali, ris, p);
         return;
     }
     AggiungiTaglio(n, {4}, n.TaglioY, g.Av, ris);
     if (!(g.Ah > 0.0001)) {
-        MostraErrore(p, "Area delle saldature tipo S2 orizzontali nulla. Verifica non possibile.");
+        Interrompi(Interruzione::s2Orizzontali, ris, p);
         return;
     }
     AggiungiTaglio(n, {8, 9}, n.TaglioZ, g.Ah, ris);
@@ -153,7 +153,7 @@ void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const
         Nervatura3(n, g, s, AzioniNervatura3(n, g, s, ris), ris);
     }
     if (!(LS(6) > 0.0001)) {
-        MostraErrore(p, "Area delle saldature tipo S2 verticali nulla. Verifica non possibile.");
+        Interrompi(Interruzione::s2Nervatura3, ris, p);
         return;
     }
     for (int s = 0; s < n.nSollAg; ++s) {

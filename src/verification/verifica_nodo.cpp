@@ -1,9 +1,7 @@
 #include "verification/verifica_nodo.h"
 
-#include <memory>
+#include <string>
 
-#include "base/file_testo.h"
-#include "reports/relazione.h"
 #include "verification/azioni_bulloni.h"
 #include "verification/interassi.h"
 #include "verification/piastra.h"
@@ -58,6 +56,7 @@ bool Passi(const Nodo& n, const Opzioni& opz, Risultati& ris, const Piattaforma&
     VerificaSaldatureS1(n, geo.distAzioni, ris, p);
     VerificaSaldatureS2(n, geo.distAzioni, ris, p);
     TensioniAlCm2(n, ris);
+    GiudicaNodo(n, opz, ris);
     return true;
 }
 
@@ -81,24 +80,11 @@ EsitoVerifica CalcolaNodo(const Nodo& n, const Opzioni& opz, Risultati& ris, con
     }
 }
 
-RisultatoVerifica VerificaNodo(const Nodo& n, const Opzioni& opz, const Unita& unita,
-                               const DestinazioneRelazione& dest, Risultati& ris,
-                               const Piattaforma& p) {
-    RisultatoVerifica r;
-    if (CalcolaNodo(n, opz, ris, p) != EsitoVerifica::completata) return r;
-    const bool slu = n.MetodoVerifica() == Metodo::SLU;
-    const std::string testo = slu ? RelazioneSLU(n, unita, ris) : RelazioneTA(n, opz, unita, ris);
-    const std::string percorso = NomeRelazione(dest, slu ? "SLU" : "TA", "TK07");
-    const std::string errore = ScriviFile(percorso, testo, Codifica::utf8);
-    if (!errore.empty()) {
-        MostraErrore(p, "Relazione non scritta: " + PercorsoMostrato(percorso) + "\n" + errore);
-        return r;
-    }
-    if (!ris.NodoVerificato) MostraAvviso(p, "ATTENZIONE: nodo non verificato!");
-    r.esito = EsitoVerifica::completata;
-    r.relazione = percorso;
-    p.avvia("notepad.exe", {PercorsoPiattaforma(percorso)}, false);
-    return r;
+EsitoVerifica VerificaNodo(const Nodo& n, const Opzioni& opz, Risultati& ris, Esiti& esiti,
+                           const Piattaforma& p) {
+    const EsitoVerifica e = CalcolaNodo(n, opz, ris, p);
+    if (e == EsitoVerifica::completata) FormaEsiti(n, opz, ris, esiti);
+    return e;
 }
 
 }  // namespace tk07

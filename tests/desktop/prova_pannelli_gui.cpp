@@ -12,6 +12,7 @@
 #include <QTextBlock>
 #include <QTimer>
 #include <QWheelEvent>
+#include <algorithm>
 #include <ctime>
 
 #include "banco_gui.h"
@@ -314,8 +315,7 @@ TEST(Gui, RigheDellaRelazioneTA) {
         testo->centerCursor();
         QTest::mouseDClick(testo->viewport(), Qt::LeftButton, {}, testo->cursorRect().center());
         EXPECT_EQ(destra->currentIndex(), 0) << r.tabella;
-        ASSERT_NE(b.finestra->IlRiepilogo().Scelta(), nullptr) << r.tabella;
-        EXPECT_EQ(b.finestra->IlRiepilogo().Scelta()->sestetto, 1) << r.tabella;
+        EXPECT_EQ(b.finestra->IlRiepilogo().Scelta(), 1) << r.tabella;
         if (r.campo != nullptr) {
             EXPECT_EQ(b.pilota.CampoInMano(), r.campo);
         }
@@ -329,8 +329,8 @@ TEST(Gui, VerificaRiepilogoRelazione) {
     b.Premi("VerificaButt");
     ASSERT_EQ(b.porta.programmi.size(), 1u);
     ASSERT_TRUE(b.S().RisultatiValidi);
-    const Riepilogo& r = b.pilota.IlRiepilogo();
-    ASSERT_EQ(static_cast<int>(r.righe.size()), b.N().nSollAg);
+    const Esiti& r = b.pilota.GliEsiti();
+    ASSERT_EQ(r.Sestetti(), b.N().nSollAg);
     auto* tabella = b.finestra->IlRiepilogo().Tabella();
     EXPECT_EQ(tabella->model()->rowCount(), b.N().nSollAg);
     b.finestra->MostraRelazione(QString::fromStdString(b.porta.programmi[0][1]));
@@ -350,30 +350,29 @@ TEST(Gui, VerificaRiepilogoRelazione) {
     testo->centerCursor();
     QTest::mouseDClick(testo->viewport(), Qt::LeftButton, {}, testo->cursorRect().center());
     EXPECT_EQ(destra->currentIndex(), 0);
-    ASSERT_NE(b.finestra->IlRiepilogo().Scelta(), nullptr);
-    EXPECT_EQ(b.finestra->IlRiepilogo().Scelta()->sestetto, 1);
+    EXPECT_EQ(b.finestra->IlRiepilogo().Scelta(), 1);
     EXPECT_EQ(b.pilota.CampoInMano(), "TextSald(1)") << "line 6 is of the welds S2";
 
     auto* stato = b.finestra->findChild<QLabel*>(QStringLiteral("StatoRisultati"));
     EXPECT_EQ(stato->text(), QStringLiteral("come nella relazione"));
     // A digit is enough: the summary follows, Esc brings the report's back.
     auto* spessore = b.Trova<QLineEdit>("GeoPias(5)");
-    const double primaDiScrivere = r.righe[0].famiglie[2].rapporto;
+    const double primaDiScrivere = r.Peggiore(0, Famiglia::piastra2)->rapporto;
     spessore->setFocus();
     spessore->selectAll();
     QTest::keyClick(spessore, Qt::Key_4);
-    EXPECT_GT(b.pilota.IlRiepilogo().righe[0].famiglie[2].rapporto, primaDiScrivere);
+    EXPECT_GT(b.pilota.GliEsiti().Peggiore(0, Famiglia::piastra2)->rapporto, primaDiScrivere);
     EXPECT_TRUE(stato->text().startsWith(QStringLiteral("dal vivo")))
         << stato->text().toStdString();
     QTest::keyClick(spessore, Qt::Key_Escape);
     EXPECT_EQ(stato->text(), QStringLiteral("come nella relazione"));
-    EXPECT_EQ(b.pilota.IlRiepilogo().righe[0].famiglie[2].rapporto, primaDiScrivere);
+    EXPECT_EQ(b.pilota.GliEsiti().Peggiore(0, Famiglia::piastra2)->rapporto, primaDiScrivere);
     b.pilota.ImpostaDalVivo(false);
     b.Scrivi("GeoPias(2)", "3");
     EXPECT_EQ(stato->text(), QStringLiteral("superati"));
-    const double vecchio = b.pilota.IlRiepilogo().righe[0].Rapporto();
+    const double vecchio = b.pilota.GliEsiti().Rapporto(0);
     b.pilota.ImpostaDalVivo(true);
-    EXPECT_GT(b.pilota.IlRiepilogo().righe[0].Rapporto(), vecchio) << "a thinner plate";
+    EXPECT_GT(b.pilota.GliEsiti().Rapporto(0), vecchio) << "a thinner plate";
 }
 
 // Tab-separated text both ways, one step of undo; numbers as an Italian spreadsheet writes them.
@@ -578,7 +577,17 @@ TEST(Gui, PiantaDeiBulloni) {
         QApplication::sendEvent(pianta, &m);
         QTest::mouseRelease(pianta, Qt::LeftButton, {}, a);
     };
-    trascina(punto(35, 120), punto(45, 139));
+    // Neighbours lie within 30 degrees of a direction: 20 across and 25 up are none, 15 and 30 are,
+    // nearer than 2.2 d0.
+    const auto vicini = [&] {
+        const auto d = pianta->Infrante();
+        return std::count_if(d.begin(), d.end(), [](const auto& q) { return q.piastra == 0; });
+    };
+    trascina(punto(35, 120), punto(-10, 145));
+    EXPECT_EQ(vicini(), 0);
+    trascina(punto(-10, 145), punto(-15, 150));
+    EXPECT_EQ(vicini(), 1);
+    trascina(punto(-15, 150), punto(45, 139));
     EXPECT_EQ(t.XbullTemp(2), 45.0);
     EXPECT_EQ(t.YbullTemp(2), 140.0);
     trascina(punto(-55, 100), punto(55, 160));
@@ -614,7 +623,7 @@ TEST(Gui, RitardoAllaBattuta) {
             std::max(peggio, 1e3 * static_cast<double>(std::clock() - inizio) / CLOCKS_PER_SEC);
     }
     EXPECT_TRUE(b.pilota.LEsame().calcolato);
-    EXPECT_EQ(b.pilota.LEsame().riepilogo.righe.size(), 50u);
+    EXPECT_EQ(b.pilota.LEsame().esiti.Sestetti(), 50);
     std::cout << "battuta " << peggio << " ms, esame " << b.pilota.UltimoEsameMs() << " ms\n";
     EXPECT_LT(peggio, 50.0);
 }

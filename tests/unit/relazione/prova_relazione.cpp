@@ -50,11 +50,11 @@ struct Banco {
     // The text report of the session's joint.
     std::string Testo() {
         Risultati ris;
+        Esiti esiti;
         Nodo n = s.nodo;
         RicalcolaNervatura3(n);
-        EXPECT_EQ(CalcolaNodo(n, s.opz, ris, PiattaformaMuta()), EsitoVerifica::completata);
-        return n.MetodoVerifica() == Metodo::SLU ? RelazioneSLU(n, s.unita, ris)
-                                                 : RelazioneTA(n, s.opz, s.unita, ris);
+        EXPECT_EQ(VerificaNodo(n, s.opz, ris, esiti, PiattaformaMuta()), EsitoVerifica::completata);
+        return RelazioneDi(n, s.unita, ris, esiti).testo;
     }
 };
 

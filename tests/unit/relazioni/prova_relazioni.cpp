@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "base/testo.h"
-#include "reports/relazione.h"
+#include "session/verifica_sessione.h"
 #include "unit/verification/nodo_di_prova.h"
-#include "verification/verifica_nodo.h"
 
 namespace tk07 {
 namespace {
@@ -33,8 +32,9 @@ struct Relazione {
                   EsitoVerifica::completata);
     }
     std::string Testo(const Unita& u = UnitaDiLavoro()) {
-        return n.TipoVer == 1 ? RelazioneSLU(n, u, ris)
-                              : RelazioneTA(n, prova::OpzioniDiProva(), u, ris);
+        const Opzioni opz = prova::OpzioniDiProva();
+        GiudicaNodo(n, opz, ris);
+        return RelazioneDi(n, u, ris, EsitiDi(n, opz, ris)).testo;
     }
 };
 
@@ -56,9 +56,10 @@ TEST(Relazioni, TheWholeText) {
         const prova::Cartella cartella;
         prova::Porta porta;
         Risultati ris;
-        const RisultatoVerifica r =
-            VerificaNodo(NodoDellaRelazione(metodo), prova::OpzioniDiProva(), UnitaDiLavoro(),
-                         {cartella.Testo(), "nodo"}, ris, porta.Fai());
+        Esiti esiti;
+        const RisultatoVerifica r = VerificaConRelazione(
+            NodoDellaRelazione(metodo), prova::OpzioniDiProva(), UnitaDiLavoro(),
+            {cartella.Testo(), "nodo"}, ris, esiti, porta.Fai());
         ASSERT_EQ(r.esito, EsitoVerifica::completata);
         EXPECT_EQ(porta.detti.back().testo, "ATTENZIONE: nodo non verificato!");
         EXPECT_EQ(ris.Verificato(0, 0), 1);
@@ -68,6 +69,40 @@ TEST(Relazioni, TheWholeText) {
             prova::LeggiTesto(cartella / (slu ? "RelSLU_TK07_nodo.txt" : "RelTA_TK07_nodo.txt")),
             prova::LeggiTesto(std::string(TK07_SORGENTE) + "/tests/unit/relazioni/" +
                               (slu ? "attesa_slu.txt" : "attesa_ta.txt")));
+        // The places of the rows: each line read on its own, by what it begins with.
+        const std::vector<std::string> linee = Dividi(r.testo.testo, '\n');
+        int bulloni = 0, piastre = 0, saldature = 0;
+        for (const RigaRelazione& q : r.testo.righe) {
+            const std::string& linea = linee.at(static_cast<std::size_t>(q.riga));
+            const std::string prima = linee.at(static_cast<std::size_t>(q.riga) - 1);
+            if (q.famiglia == Famiglia::bulloni) {
+                EXPECT_EQ(std::stoi(linea), q.elemento) << linea;
+                ++bulloni;
+            } else if (q.famiglia == Famiglia::piastra1 || q.famiglia == Famiglia::piastra2) {
+                const bool testata = Contiene(linea, "Ver");
+                const std::string& titolo =
+                    linee.at(static_cast<std::size_t>(q.riga) - (testata ? 1 : 2));
+                EXPECT_EQ(titolo.back(), q.elemento == 1 ? '1' : '2') << titolo;
+                ++piastre;
+            } else {
+                const std::string nome = linea.substr(0, linea.find_first_of(" |\t"));
+                const bool specchio = nome.back() == '\'';
+                EXPECT_EQ(std::stoi(nome.substr(1)) - 1 + (specchio ? 15 : 0), q.elemento) << linea;
+                EXPECT_EQ(q.famiglia == Famiglia::saldatureS2, nome[1] >= '4' && nome[1] <= '9')
+                    << nome;
+                ++saldature;
+            }
+        }
+        EXPECT_EQ(bulloni, 2 * 5);
+        EXPECT_EQ(piastre, 2 * 2 * 2);
+        EXPECT_EQ(saldature, 2 * 30);
+        ASSERT_EQ(r.testo.sestetti.size(), 2u);
+        for (const SestettoRelazione& q : r.testo.sestetti) {
+            EXPECT_TRUE(Contiene(linee.at(static_cast<std::size_t>(q.capo)), "agenti " + q.nome));
+            const std::string& verdetto = linee.at(static_cast<std::size_t>(q.verdetto));
+            EXPECT_EQ(verdetto.find("NODO VERIFICATO") == 0, q.verificato) << verdetto;
+            EXPECT_TRUE(Contiene(verdetto, q.nome));
+        }
     }
 }
 

@@ -8,11 +8,10 @@
 
 #include "base/testo.h"
 #include "nodo_di_prova.h"
-#include "reports/relazione.h"
+#include "session/verifica_sessione.h"
 #include "unit/joint/confronto.h"
 #include "verification/interassi.h"
 #include "verification/saldature.h"
-#include "verification/verifica_nodo.h"
 
 namespace tk07 {
 namespace {
@@ -28,24 +27,20 @@ struct Verifica : testing::Test {
     prova::Cartella cartella;
     prova::Porta porta;
     Risultati ris;
+    Esiti esiti;
     RisultatoVerifica esito;
     std::string relazione;  // its text, when there is one
 
     bool Esegui(const Nodo& n, double gioco = 2.0) {
         porta.detti.clear();
-        porta.programmi.clear();
         const fs::path file =
             cartella / (n.TipoVer == 1 ? "RelSLU_TK07_prova.txt" : "RelTA_TK07_prova.txt");
         fs::remove(file);
-        esito = VerificaNodo(n, prova::OpzioniDiProva(gioco), UnitaDiLavoro(),
-                             {cartella.Testo(), " prova "}, ris, porta.Fai());
+        esito = VerificaConRelazione(n, prova::OpzioniDiProva(gioco), UnitaDiLavoro(),
+                                     {cartella.Testo(), " prova "}, ris, esiti, porta.Fai());
         relazione = prova::LeggiTesto(file);
         const bool fatta = esito.esito == EsitoVerifica::completata;
         EXPECT_EQ(fs::exists(file), fatta);
-        EXPECT_EQ(porta.programmi.size(), fatta ? 1u : 0u);
-        if (fatta) {
-            EXPECT_EQ(porta.programmi[0], (Testi{"notepad.exe", file.string()}));
-        }
         return fatta;
     }
 };
@@ -129,22 +124,34 @@ TEST_F(Verifica, TheGroupsOfWeldsWithoutArea) {
         std::vector<std::pair<int, double>> linee;  // lengths given
         int calcolata;                              // line that keeps its normal stress
         int mancante;                               // line whose shear is not added
+        Interruzione interrotta;
     };
-    const Caso casi[] = {
-        {"Area delle saldature tipo S1 verticali nulla. Verifica non possibile.",
-         {{1, -102}},
-         2,
-         1},
-        {"Area delle saldature tipo S1 orizzontali nulla. Verifica non possibile.",
-         {{2, -40}, {3, -39}},
-         1,
-         2},
-        {"Area delle saldature tipo S2 verticali nulla. Verifica non possibile.", {{4, 0}}, 8, 4},
-        {"Area delle saldature tipo S2 orizzontali nulla. Verifica non possibile.",
-         {{8, 20}, {9, -20}},
-         4,
-         8},
-        {"Area delle saldature tipo S2 verticali nulla. Verifica non possibile.", {{6, 0}}, 4, 6}};
+    using enum Interruzione;
+    const Caso casi[] = {{"Area delle saldature tipo S1 verticali nulla. Verifica non possibile.",
+                          {{1, -102}},
+                          2,
+                          1,
+                          s1Verticali},
+                         {"Area delle saldature tipo S1 orizzontali nulla. Verifica non possibile.",
+                          {{2, -40}, {3, -39}},
+                          1,
+                          2,
+                          s1Orizzontali},
+                         {"Area delle saldature tipo S2 verticali nulla. Verifica non possibile.",
+                          {{4, 0}},
+                          8,
+                          4,
+                          s2Verticali},
+                         {"Area delle saldature tipo S2 orizzontali nulla. Verifica non possibile.",
+                          {{8, 20}, {9, -20}},
+                          4,
+                          8,
+                          s2Orizzontali},
+                         {"Area delle saldature tipo S2 verticali nulla. Verifica non possibile.",
+                          {{6, 0}},
+                          4,
+                          6,
+                          s2Nervatura3}};
     for (const Caso& c : casi) {
         SCOPED_TRACE(c.testo);
         Risultati r;
@@ -156,6 +163,7 @@ TEST_F(Verifica, TheGroupsOfWeldsWithoutArea) {
         VerificaSaldatureS2(n, 120, r, porta.Fai());
         EXPECT_EQ(porta.Testi(), Testi{c.testo});
         EXPECT_EQ(porta.detti[0].segno, Segno::critico);
+        EXPECT_EQ(EsitiDi(n, prova::OpzioniDiProva(), r).interruzioni, std::vector{c.interrotta});
         EXPECT_NE(r.MaxS_prp(0, c.calcolata - 1), 0.0);
         // what follows the box stays undone: no shear along the line, no rib 3 after S2's boxes
         const bool s2 = std::string(c.testo).find("S2") != std::string::npos;
@@ -236,8 +244,8 @@ TEST_F(Verifica, WhatStopsIt) {
     n = Caricato();
     fs::create_directory(cartella / "RelSLU_TK07_x.txt");
     porta.detti.clear();
-    esito = VerificaNodo(n, prova::OpzioniDiProva(), UnitaDiLavoro(), {cartella.Testo(), "x"}, ris,
-                         porta.Fai());
+    esito = VerificaConRelazione(n, prova::OpzioniDiProva(), UnitaDiLavoro(),
+                                 {cartella.Testo(), "x"}, ris, esiti, porta.Fai());
     EXPECT_EQ(esito.esito, EsitoVerifica::nonPossibile);
     EXPECT_TRUE(esito.relazione.empty());
     EXPECT_EQ(porta.detti.back().segno, Segno::critico);
@@ -306,9 +314,9 @@ TEST(VerificaParallela, TwoThreadsGiveTheReportsOfOne) {
         prova::Porta porta;
         const auto ris = std::make_unique<Risultati>();
         std::string testo;
-        if (CalcolaNodo(n, t.s->opz, *ris, porta.Fai()) == EsitoVerifica::completata) {
-            testo = n.TipoVer == 1 ? RelazioneSLU(n, t.s->unita, *ris)
-                                   : RelazioneTA(n, t.s->opz, t.s->unita, *ris);
+        Esiti esiti;
+        if (VerificaNodo(n, t.s->opz, *ris, esiti, porta.Fai()) == EsitoVerifica::completata) {
+            testo = RelazioneDi(n, t.s->unita, *ris, esiti).testo;
         }
         for (const std::string& d : porta.Testi()) testo += d;
         return testo;

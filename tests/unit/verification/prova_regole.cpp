@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "joint/controlla_dati.h"
 #include "nodo_di_prova.h"
@@ -57,6 +59,15 @@ void Controlla(const std::vector<Passo>& passi, Metodo metodo) {
         prova::Porta porta;
         const Opzioni opz = prova::OpzioniDiProva();
         EXPECT_EQ(ControllaBulloni(n, opz, porta.Fai()), c.attesi.empty());
+        // The same bolts as a layout in hand, on a joint whose own lie elsewhere.
+        std::vector<PosizioneBullone> bulloni;
+        for (int i = 1; i <= n.nBull; ++i) {
+            bulloni.push_back({std::exchange(n.Xbull(i), 5.0 * i), n.Ybull(i), n.Fibull(i)});
+        }
+        const auto distanze = DistanzeBulloni(n, opz, bulloni);
+        EXPECT_EQ(std::all_of(distanze.begin(), distanze.end(),
+                              [](const DistanzaBulloni& d) { return d.Rispettata(); }),
+                  c.attesi.empty());
         Testi attesi;
         for (const std::string& t : c.attesi) {
             attesi.push_back(t + (metodo == Metodo::SLU ? " (NTC 2018)" : " (CNR 10011/88)"));

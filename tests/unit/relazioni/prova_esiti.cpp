@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <span>
 
 #include "aiuti/prova.h"
 #include "base/testo.h"
@@ -27,35 +28,38 @@ std::vector<std::string> PartiPerSestetto(const std::string& testo) {
     return parti;
 }
 
-int OltreUno(const RigaRiepilogo& r) {
+// Elements with a check that fails, of those of load set s.
+int OltreUno(const Esiti& esiti, int s) {
     int q = 0;
-    for (const double x : r.elementi.bulloni) q += x > 1.0;
-    for (const double x : r.elementi.saldature) q += x > 1.0;
-    for (const double x : r.elementi.piastre) q += x > 1.0;
+    for (const TipoElemento tipo :
+         {TipoElemento::bullone, TipoElemento::piastra, TipoElemento::saldatura}) {
+        esiti.PerElemento(s, tipo, [&q](std::span<const Riscontro> r) { q += !Passano(r); });
+    }
     return q;
 }
 
 // The shipped joints, loads small to large, both methods: a set's ratio is above 1 exactly where
 // the report fails it, and as many elements are above 1 as the report marks with NO.
-TEST(Riepilogo, ConcordaConLaRelazione) {
+TEST(Esiti, ConcordaConLaRelazione) {
     prova::SessioneDiProva b;
     int passano = 0, falliscono = 0;
     const auto prova = [&](const std::string& nome, Nodo n, const char* metodo) {
         Risultati ris;
-        ASSERT_EQ(CalcolaNodo(n, b.s->opz, ris, PiattaformaMuta()), EsitoVerifica::completata);
-        const Riepilogo prima = RiepilogoVerifica(n, b.s->opz, ris);
-        const bool slu = n.TipoVer == 1;
-        const auto parti = PartiPerSestetto(slu ? RelazioneSLU(n, b.s->unita, ris)
-                                                : RelazioneTA(n, b.s->opz, b.s->unita, ris));
-        const Riepilogo dopo = RiepilogoVerifica(n, b.s->opz, ris);
-        ASSERT_EQ(prima.righe.size(), parti.size());
-        for (std::size_t s = 0; s < parti.size(); ++s) {
+        Esiti esiti;
+        ASSERT_EQ(VerificaNodo(n, b.s->opz, ris, esiti, PiattaformaMuta()),
+                  EsitoVerifica::completata);
+        const auto parti = PartiPerSestetto(RelazioneDi(n, b.s->unita, ris, esiti).testo);
+        ASSERT_EQ(esiti.sestetti.size(), parti.size());
+        for (int s = 0; s < esiti.Sestetti(); ++s) {
+            const std::string& parte = parti[static_cast<std::size_t>(s)];
             SCOPED_TRACE(nome + " " + metodo + " sestetto " + std::to_string(s + 1));
-            const bool no = Contiene(parti[s], "ATTENZIONE: NODO NON VERIFICATO");
-            EXPECT_EQ(prima.righe[s].Rapporto() > 1.0, no);
-            EXPECT_EQ(prima.righe[s].Verificato(), !no);
-            EXPECT_EQ(OltreUno(prima.righe[s]), prova::Quante(parti[s], slu ? "| NO|" : "NO ****"));
-            EXPECT_EQ(prima.righe[s].Rapporto(), dopo.righe[s].Rapporto());
+            const bool no = Contiene(parte, "ATTENZIONE: NODO NON VERIFICATO");
+            EXPECT_EQ(esiti.Rapporto(s) > 1.0, no);
+            EXPECT_EQ(esiti.Sestetto(s).verificato, !no);
+            EXPECT_EQ(ris.Verificato(s, 0) == 1, !no);
+            EXPECT_EQ(OltreUno(esiti, s),
+                      prova::Quante(parte, n.TipoVer == 1 ? "| NO|" : "NO ****"));
+            for (const Riscontro& r : esiti.Righe(s)) EXPECT_EQ(r.rapporto > 1.0, !r.passa);
             (no ? falliscono : passano)++;
         }
     };
@@ -91,7 +95,7 @@ TEST(Riepilogo, ConcordaConLaRelazione) {
 }
 
 // Edges of the limits, on a result record written by hand: one bolt, one weld line, SLU and TA.
-TEST(Riepilogo, LimitiEsatti) {
+TEST(Esiti, LimitiEsatti) {
     prova::SessioneDiProva b;
     Nodo n = b.s->nodo;
     n.nBull = 1, n.nSollAg = 1, n.Fibull(1) = 16;
@@ -104,39 +108,41 @@ TEST(Riepilogo, LimitiEsatti) {
         AzzeraRisultati(n, ris);
         ris.LungSald.Riempi(0.0);
         metti();
-        return RiepilogoVerifica(n, b.s->opz, ris).righe.at(0);
+        GiudicaNodo(n, b.s->opz, ris);
+        return EsitiDi(n, b.s->opz, ris);
     };
-    EXPECT_EQ(riga([] {}).Rapporto(), 0.0);
+    EXPECT_EQ(riga([] {}).Rapporto(0), 0.0);
     // The report rounds the coefficient to two decimals before its test.
-    EXPECT_TRUE(riga([&] { ris.Co1(0, 1) = 1.004; }).Verificato());
-    EXPECT_FALSE(riga([&] { ris.Co1(0, 1) = 1.006; }).Verificato());
-    EXPECT_FALSE(riga([&] { ris.Co2(0, 1) = std::nan(""); }).Verificato());
+    EXPECT_TRUE(riga([&] { ris.Co1(0, 1) = 1.004; }).verificato);
+    EXPECT_FALSE(riga([&] { ris.Co1(0, 1) = 1.006; }).verificato);
+    EXPECT_FALSE(riga([&] { ris.Co2(0, 1) = std::nan(""); }).verificato);
     // fd = 2750 / 1.05; the sign does not count.
     const double fd = 2750.0 / 1.05;
-    EXPECT_NEAR(riga([&] { ris.Sig(0, 0) = -fd / 2; }).Rapporto(), 0.5, 1e-12);
-    EXPECT_TRUE(riga([&] { ris.Sig(0, 0) = -fd; }).Verificato());
-    const RigaRiepilogo oltre = riga([&] { ris.SigPiastra2(0, 0) = std::nextafter(fd, 1e9); });
-    EXPECT_FALSE(oltre.Verificato());
-    EXPECT_EQ(oltre.governa, Famiglia::piastra2);
-    EXPECT_EQ(oltre.Governante().elemento, "piastra 2");
+    EXPECT_NEAR(riga([&] { ris.Sig(0, 0) = -fd / 2; }).Rapporto(0), 0.5, 1e-12);
+    EXPECT_TRUE(riga([&] { ris.Sig(0, 0) = -fd; }).verificato);
+    const Esiti oltre = riga([&] { ris.SigPiastra2(0, 0) = std::nextafter(fd, 1e9); });
+    EXPECT_FALSE(oltre.verificato);
+    EXPECT_EQ(oltre.Governa()->famiglia, Famiglia::piastra2);
+    EXPECT_EQ(NomeElemento(*oltre.Governa()), "piastra 2");
     // S 275: beta1 0.7 on the resultant (3, 4, 12: 13), beta2 0.85 on |S| + |tau| (3 + 12). Line s4
     // is of group S2, its mirror too.
-    const RigaRiepilogo linea = riga([&] {
+    const Esiti linea = riga([&] {
         ris.LungSald(3) = 100;
         ris.S_prp2(0, 18) = -300, ris.Tau_pa(0, 18) = 400, ris.Tau_pe(0, 18) = 1200;
     });
-    const EsitoControllo& s2 = linea.famiglie[static_cast<std::size_t>(Famiglia::saldatureS2)];
+    const Riscontro& s2 = *linea.Peggiore(0, Famiglia::saldatureS2);
     EXPECT_NEAR(s2.rapporto, 1300.0 / (0.7 * 2750.0), 1e-12);
-    EXPECT_EQ(s2.elemento, "saldatura s4'");
-    EXPECT_EQ(s2.controllo, "SEq-1");
+    EXPECT_EQ(NomeElemento(s2), "saldatura s4'");
+    EXPECT_EQ(NumeroElemento(s2), 19);  // the mirrors are 16 to 30
+    EXPECT_EQ(std::string(NomeConfronto(s2)), "SEq-1");
     // Allowable stresses: load case II raises them by an eighth.
     n.TipoVer = 0;
     n.CasoCarico(0) = 1;
-    EXPECT_NEAR(riga([&] { ris.Sig(0, 0) = 1900.0; }).Rapporto(), 1.0 / 1.125, 1e-12);
+    EXPECT_NEAR(riga([&] { ris.Sig(0, 0) = 1900.0; }).Rapporto(0), 1.0 / 1.125, 1e-12);
 }
 
 // The live judgement is the verification without boxes, report or a change of its input.
-TEST(Riepilogo, EsameDalVivo) {
+TEST(Esiti, EsameDalVivo) {
     prova::SessioneDiProva b;
     ASSERT_TRUE(ApriNodo(*b.s, b.Lavoro() + "/02_ipe200_su_ipe300.tk7"));
     b.porta.detti.clear();
@@ -145,9 +151,8 @@ TEST(Riepilogo, EsameDalVivo) {
     EsaminaNodo(copia, b.s->opz, esame);
     ASSERT_TRUE(esame.calcolato);
     VerificaSessione(*b.s);
-    const Riepilogo r = RiepilogoVerifica(b.s->nodo, b.s->opz, b.s->ris);
-    for (std::size_t s = 0; s < r.righe.size(); ++s) {
-        EXPECT_EQ(esame.riepilogo.righe[s].Rapporto(), r.righe[s].Rapporto());
+    for (int s = 0; s < b.s->esiti.Sestetti(); ++s) {
+        EXPECT_EQ(esame.esiti.Rapporto(s), b.s->esiti.Rapporto(s));
     }
     // The stress plane on the bolts is that of the result record (daN/cm2 after the report).
     const auto piano = PianoTensioni(esame.ris, 1);
