@@ -1,4 +1,4 @@
-// The verification against values from outside, and each of its deliberate oddities by hand.
+// The verification against values from outside; by hand where the method leaves the textbook.
 
 #include <gtest/gtest.h>
 
