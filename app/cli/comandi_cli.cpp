@@ -50,8 +50,8 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
         });
         if (s.fine) {
             codice = s.codiceUscita;
-        } else if (!s.RisultatiValidi) {
-            codice = kUscitaNonPossibile;
+        } else if (!s.RisultatiValidi || s.nodo.nSollAg == 0) {
+            codice = kUscitaNonPossibile;  // nothing judged is not a verdict
         } else {
             codice = s.esiti.verificato ? kUscitaOk : kUscitaNonVerificato;
         }

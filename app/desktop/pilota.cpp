@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/file_testo.h"
+#include "base/testo.h"
 #include "desktop/testo_qt.h"
 #include "session/pannello_insdati.h"
 

@@ -38,6 +38,8 @@ void CopiaNelNodo(const BulloniTemp& t, Nodo& nodo) {
     }
 }
 
+std::string OltreIlMassimo() { return "Più di " + std::to_string(kMaxBulloni) + " bulloni"; }
+
 bool CePosto(const BulloniTemp& t, double quanti) { return t.nBullTemp + quanti <= kMaxBulloni; }
 
 int QuantiSelezionati(const BulloniTemp& t) {
@@ -48,8 +50,7 @@ int QuantiSelezionati(const BulloniTemp& t) {
 
 void EsigiPosto(const BulloniTemp& t, double quanti) {
     if (!CePosto(t, quanti)) {
-        throw ErroreFatale("Più di " + std::to_string(kMaxBulloni) + " bulloni",
-                           "disposizione dei bulloni");
+        throw ErroreFatale(OltreIlMassimo(), kDisposizione);
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "joint/nodo.h"
 
 namespace tk07 {
@@ -24,6 +26,8 @@ void CopiaDalNodo(const Nodo& nodo, BulloniTemp& t);
 // Confirms: the joint takes the bolts 1..nBullTemp of the working copy, selection included.
 void CopiaNelNodo(const BulloniTemp& t, Nodo& nodo);
 
+inline constexpr const char* kDisposizione = "disposizione dei bulloni";  // where such a fault is
+std::string OltreIlMassimo();
 // Whether `quanti` bolts more would fit in the slots up to 100.
 bool CePosto(const BulloniTemp& t, double quanti);
 // How many bolts are selected.

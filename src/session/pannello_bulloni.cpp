@@ -243,16 +243,11 @@ bool BulloniOltreIlMassimo(const Sessione& s, const std::string& pulsante) {
     if (pulsante == "Bul_copiaX" || pulsante == "Bul_copiaY") {
         return !CePosto(s.bulloni, QuantiSelezionati(s.bulloni));
     }
+    if (pulsante != "Proponi") return false;
+    const auto diametro = NumeroIniziale(s.FormBulloni["DiamProponi"].testo);
     BulloniTemp prova = s.bulloni;
-    try {
-        if (pulsante == "Proponi") {
-            Proponi(s.nodo, s.opz, ValoreIniziale(s.FormBulloni["DiamProponi"].testo), prova,
-                    PiattaformaMuta());
-        }
-    } catch (const ErroreFatale&) {
-        return true;
-    }
-    return false;
+    return !diametro ||
+           !ProvaProponi(s.nodo, s.opz, *diametro, prova, PiattaformaMuta()).guasto.empty();
 }
 
 const GestorePannello kGestoreFormBulloni = {

@@ -256,9 +256,11 @@ TEST(Comandi, WrongUseIs2AndHelpIs0) {
                              "\n0                                       [nSollAg]");
     prova::ScriviTesto(t.Esempio("vuoto"), vuoto);
     const Uscita u = t.Esegui("verifica " + t.Esempio("vuoto"));
-    EXPECT_TRUE(u.codice == 0 && Contiene(u.testo, "NESSUN SESTETTO") &&
+    EXPECT_TRUE(u.codice == 3 && Contiene(u.testo, "NESSUN SESTETTO") &&
                 !Contiene(u.testo, "VERIFICATO"))
         << u.testo;
+    const Json j = Json::parse(t.Esegui("verifica --json " + t.Esempio("vuoto")).testo);
+    EXPECT_TRUE(j["verificato"].is_null() && !j["interrotta"] && !j["relazione"].is_null()) << j;
     // the marked field, in capitals, on a root whose name is found whatever its case
     std::string uscita;
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA " '|DIROOT=" + Maiuscolo(t.radice) + "|' verifica " +
@@ -338,7 +340,7 @@ TEST(Comandi, WhatStandsInForTheFilesNamesIsTold) {
     };
     const Uscita nessuno = conRiga("3                                       [nSollAg]",
                                    "0                                       [nSollAg]");
-    EXPECT_EQ(nessuno.codice, 0);
+    EXPECT_EQ(nessuno.codice, 3);
     EXPECT_TRUE(Contiene(nessuno.testo, "NESSUN SESTETTO DI SOLLECITAZIONI"));
     EXPECT_FALSE(Contiene(nessuno.testo, "NODO VERIFICATO"));
     EXPECT_TRUE(Contiene(conRiga("S 235 (FE 360) ", "S 275 ").errori,
