@@ -31,7 +31,8 @@ void ProponiNervatura(Nodo& n, int i, double h) {
     n.H2Nerv(i) = Int(2.0 / 3.0 * n.H1Nerv(i));
     n.BNerv(i) = Int(n.TraSec.H / 2.0 + kInSu);
     n.SpNerv(i) = Int(n.TraSec.tw + kInSu);
-    // Kept on purpose: a rib that is off takes the sizes and stays off; only lack of room switches.
+    // A rib that is off takes the sizes, ready to be switched on, and stays off: the proposal gives
+    // sizes, and takes away only what has no room.
     if (n.H1Nerv(i) <= 0.0) {
         n.H1Nerv(i) = n.H2Nerv(i) = n.BNerv(i) = 0.0;
         n.AttNerv(i) = false;
@@ -94,8 +95,8 @@ class MetaSinistra {
           Ybase(n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec),
           Ytop2(Ybase + n.distAlaSecPiastra),
           M(Max(l.distSald + n.spSaldS2 + l.Rf, l.eMinY)),
-          // Kept on purpose: with the 1 a limit goes to the next whole millimetre inside the zone,
-          // also when it is whole already.
+          // With the 1 a limit goes to the next whole millimetre inside the zone, and one that is
+          // whole already goes a millimetre further in.
           x0(Int(l.comune.xMin + l.eMinX + 1.0)) {}
 
     Proposta Sopra() {
@@ -118,12 +119,12 @@ class MetaSinistra {
                 Ytop2 - l_.eMinY);
         const double suAla =
             Int(Max(M, Ybase - s.H + s.tf + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
-        // Kept on purpose: the lower limit takes the step to the next millimetre twice.
+        // The lower limit takes the step to the next millimetre twice: up to 2 mm of clearance.
         const double y0 = Int(Max(suAla, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
         const double x1 = Int(-Max(s.tw / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
                               l_.distSald - l_.Rf);
-        // Kept on purpose: tried also when the limits cross, so that it warns where there is no
-        // plate between the flanges at all.
+        // Tried also when the limits cross, so that it warns where there is no plate between the
+        // flanges at all.
         return ProvaArea({x0, x1, y0, y1}, l_, kNienteALato, t_, p_);
     }
 
@@ -140,7 +141,8 @@ class MetaSinistra {
             return Int(-Max(n_.SpNerv(i) / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
                        l_.distSald - l_.Rf);
         }
-        // Kept on purpose: without the rib the limit is not cut to a whole millimetre.
+        // Without the rib the limit is the exact clearance: the last column need not stand on a
+        // whole millimetre.
         return -n_.SpNerv(3) / 2.0 - n_.spSaldS2 - l_.distSald - l_.Rf;
     }
 
@@ -159,8 +161,8 @@ class MetaSinistra {
 void ProponiPias(Nodo& n) {
     n.BPiastra(1) = Max(n.TraPri.B, kLarghezzaMinima);
     n.HPiastra(1) = Int(n.TraPri.H - 2.0 * n.TraPri.tf);
-    // Kept on purpose: the thicknesses are not cut to whole millimetres, as the default joint's
-    // are.
+    // The greater flange as it is rolled, 7.4 mm say: the user gives the sheet's thickness. The
+    // default joint has whole millimetres.
     n.SpPiastra(1) = Max(n.TraPri.tf, n.TraSec.tf);
     n.BPiastra(2) = Max(n.TraSec.B, kLarghezzaMinima);
     const double sopra = n.AttNerv(1) ? Max(n.H1Nerv(1), n.distAlaSecPiastra) : n.distAlaSecPiastra;

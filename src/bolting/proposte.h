@@ -41,8 +41,8 @@ LimitiProposta LimitiPerProposta(const Nodo& nodo, const Opzioni& opz, double dP
 // returns the number added; with room for no row or no column, `messaggio` as a warning and 0. One
 // row or column lies in the middle; of several, the first and the last lie on the zone's limits.
 //   Degenerate  more bolts than slots, or a pitch of 0: fatal fault, `t` is unchanged
-// Kept on purpose: the greatest pitch is not looked at here, and the new bolts keep the selection
-// of their slots.
+// The greatest pitch is not looked at here: the check of the spacing tells where it is passed. The
+// new bolts keep the selection of their slots.
 int RiempiArea(const Rettangolo& zona, const LimitiProposta& lim, const std::string& messaggio,
                BulloniTemp& t, const Piattaforma& p);
 
