@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "base/chiavi.h"
+#include "base/errore.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "scene3d/campi_scena.h"
@@ -93,11 +94,17 @@ class Lettore {
     std::string Valore() {
         SaltaVuote();
         if (i_ >= righe_.size()) Rifiuta("file troncato");
-        auto v = LeggiChiave(RigaChiave(righe_[i_]), Minuscolo(chiave_));
-        if (!v || !v->guasto.empty() || !v->indici.empty()) Rifiuta("attesa questa chiave");
+        std::string valore;
+        std::vector<short> resto;
+        bool trovata = false;
+        try {
+            trovata = LeggiChiave(RigaChiave(righe_[i_]), Minuscolo(chiave_), valore, resto);
+        } catch (const ErroreFatale&) {  // a further index without bounds
+        }
+        if (!trovata || !resto.empty()) Rifiuta("attesa questa chiave");
         ++i_;
         consumata_ = true;
-        return std::move(v->valore);
+        return valore;
     }
     double Reale(const std::string& t) const {
         const auto x = ValoreStretto(t);

@@ -62,8 +62,7 @@ void Gen_Dis(Sessione& s) {
     if (scelto->filtro == 1) {
         GeneraGrb(s.nodo, s.opz, scelto->percorso, false, s.piattaforma);
     } else {
-        // The second filter, *.dis, yields a DXF text as the third does: a DIS is written for the
-        // viewer only.
+        // Kept on purpose: the second filter, *.dis, yields a DXF text as the third does.
         GeneraFileDisegno(s, scelto->percorso, "DXF", false);
     }
     s.piattaforma.puntatore(0);
