@@ -32,6 +32,13 @@ std::string Verdetto(const Sessione& s) {
     if (n == 0) return "NESSUN SESTETTO DI SOLLECITAZIONI, nulla da verificare (" + metodo + ")";
     const int falliti = s.esiti.Falliti();
     const std::string quanti = std::to_string(n) + (n == 1 ? " sestetto" : " sestetti");
+    if (s.esiti.Incompleta()) {
+        return "VERIFICA INCOMPLETA (" + metodo + ", " + quanti + "): " +
+               (falliti == 0 ? "una parte non è stata giudicata"
+                             : std::to_string(falliti) +
+                                   " non verificati, e una parte non è stata "
+                                   "giudicata");
+    }
     if (falliti == 0) return "NODO VERIFICATO (" + metodo + ", " + quanti + ")";
     return "NODO NON VERIFICATO (" + metodo + ", " + std::to_string(falliti) + " su " + quanti +
            ")";
@@ -50,8 +57,8 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
         });
         if (s.fine) {
             codice = s.codiceUscita;
-        } else if (!s.RisultatiValidi) {
-            codice = kUscitaNonPossibile;
+        } else if (!s.RisultatiValidi || s.nodo.nSollAg == 0 || s.esiti.Incompleta()) {
+            codice = kUscitaNonPossibile;  // what was not judged has no verdict
         } else {
             codice = s.esiti.verificato ? kUscitaOk : kUscitaNonVerificato;
         }

@@ -7,6 +7,7 @@
 #include "base/testo.h"
 #include "bolting/proposte.h"
 #include "guscio/banco.h"
+#include "joint/campi_nodo.h"
 #include "joint/controlla_dati.h"
 #include "joint/tabella_carichi.h"
 #include "modelimport/liste.h"
@@ -17,12 +18,23 @@ namespace tk07::cli {
 
 namespace {
 
+constexpr std::size_t kNomeDetto = 60;  // characters of a name that a message repeats
+
 // Opens the joint, lets `lavoro` change it (a code above 0 stops), tells what the checks say of it,
 // and writes it. Nothing is written when anything went wrong.
 template <class Lavoro>
 int CambiaNodo(const Avvio& avvio, const std::string& file, const std::string& uscita,
                Lavoro lavoro) {
     return SuNodo(avvio, file, [&](Sessione& s) {
+        const std::vector<NomeAssente> persi = NomiPersi(s.nodo);
+        if (!uscita.empty() && !persi.empty()) {
+            for (const NomeAssente& a : persi) {
+                Errore(file, a.chiave + " \"" + PrimiCaratteri(a.nome, kNomeDetto) +
+                                 "\" non è nelle librerie e andrebbe perso: " + uscita +
+                                 " non è stato scritto");
+            }
+            return kUscitaUso;
+        }
         const int codice = lavoro(s);
         // An end of the program that a reader asked for is no success of this command.
         if (s.fine && s.codiceUscita == kUscitaOk) s.codiceUscita = kUscitaUso;
@@ -32,7 +44,8 @@ int CambiaNodo(const Avvio& avvio, const std::string& file, const std::string& u
     });
 }
 
-// A load set as text, in the job's units; false when it is not six numbers and a name.
+// A load set as text, in the job's units; false when it is not six numbers and a name that a joint
+// file can have.
 bool AggiungiDaTesto(Sessione& s, const std::string& testo) {
     std::string resto = testo;
     double azioni[6] = {};
@@ -43,6 +56,11 @@ bool AggiungiDaTesto(Sessione& s, const std::string& testo) {
         if (!x || (!ultima && virgola == std::string::npos)) return false;
         azioni[a] = *x;
         resto = virgola == std::string::npos ? "" : resto.substr(virgola + 1);
+    }
+    const std::string perche = TestoRifiutato(resto);
+    if (!perche.empty()) {
+        MostraErrore(s.piattaforma, perche, "ERRORE");
+        return false;
     }
     if (!AggiungiSestetto(s.nodo)) {
         MostraErrore(s.piattaforma, "E' stato raggiunto il numero massimo di sollecitazioni.",

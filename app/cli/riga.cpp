@@ -48,7 +48,8 @@ std::string InItaliano(const CLI::ParseError& e, const CLI::App& app) {
 namespace tk07::cli {
 
 int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
-    std::setlocale(LC_ALL, "");  // the system's own messages in the user's language
+    std::setlocale(LC_ALL, "");       // letters and messages as the user has them,
+    std::setlocale(LC_NUMERIC, "C");  // numbers with a point
     Avvio avvio;
     avvio.dirProgramma = DirettorioProgramma(argv[0]);
     // The marked field |diroot=...| is taken as well, as one argument of its own.

@@ -4,9 +4,9 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "base/errore.h"
 #include "base/testo.h"
 #include "desktop/testo_qt.h"
+#include "joint/campi_nodo.h"
 
 namespace tk07::desktop {
 
@@ -80,22 +80,9 @@ QString VirgolaInPunto(const QString& testo) {
     return testo.left(p).remove(QLatin1Char('.')) + QLatin1Char('.') + testo.mid(p + 1);
 }
 
-bool SoloNumero(const QString& testo) {
-    try {
-        return ValoreStretto(S(testo)).has_value();
-    } catch (const ErroreFatale&) {  // beyond every range
-        return false;
-    }
-}
+bool SoloNumero(const QString& testo) { return ValoreStretto(S(testo)).has_value(); }
 
-bool NumeroNeiLimiti(const QString& testo) {
-    try {
-        ValoreIniziale(S(testo));
-        return true;
-    } catch (const ErroreFatale&) {
-        return false;
-    }
-}
+bool NumeroNeiLimiti(const QString& testo) { return NumeroIniziale(S(testo)).has_value(); }
 
 SestettiIncollati PreparaSestetti(const QString& testo, int colonna, bool propria) {
     SestettiIncollati s;
@@ -161,8 +148,15 @@ SestettiIncollati PreparaSestetti(const QString& testo, int colonna, bool propri
     }
     for (qsizetype i = 0; i < righe.size(); ++i) {
         for (qsizetype c = 0; c < righe[i].size(); ++c) {
-            if (!azione(c)) continue;
             QString& cella = righe[i][c];
+            const std::string perche = s.colonna + c == 0 ? TestoRifiutato(S(cella)) : "";
+            if (!perche.empty()) {
+                s.errore = QStringLiteral("Riga %1: %2. Niente è stato incollato.")
+                               .arg(intestazioni + i + 1)
+                               .arg(Q(perche));
+                return s;
+            }
+            if (!azione(c)) continue;
             const QString pulita = Ripulito(cella);
             QString numero = NumeroItaliano(cella);
             if (pulita.isEmpty()) {

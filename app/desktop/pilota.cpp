@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/file_testo.h"
+#include "base/testo.h"
 #include "desktop/testo_qt.h"
 #include "session/pannello_insdati.h"
 
@@ -132,11 +133,8 @@ void Pilota::Esamina() {
 
 void Pilota::TestoInCorso(const std::string& campo, const std::string& testo) {
     *mostrato_ = s_->nodo;
-    try {
-        MettiCampo(*s_, DividiNome(campo), testo, *mostrato_);
-    } catch (const ErroreFatale&) {
-        return;  // a number beyond every range: told when the field is left
-    }
+    if (!NumeroIniziale(testo)) return;  // beyond every range: told when the field is left
+    MettiCampo(*s_, DividiNome(campo), testo, *mostrato_);
     scrivendo_ = true;
     Esamina();
     Q_EMIT anteprimaCambiata();
@@ -188,26 +186,29 @@ std::optional<Tab1<double, 1, 3>> Pilota::PianoDegliEsiti(int s) const {
 
 bool Pilota::Leggibile(const std::string& file) const {
     const auto prova = std::make_unique<Nodo>();
-    const Piattaforma muta = PiattaformaMuta();
     double releaseArgano = 0.0, releaseFile = 0.0;
-    try {
-        // What is no file at all is told by the command that opens it.
-        if (LeggiRelease(file, releaseArgano, releaseFile, false, muta) && releaseFile >= 1.0) {
-            LeggiFileNodo(*prova, file, muta);
-        }
+    // What is no file at all is told by the command that opens it.
+    if (!LeggiRelease(file, releaseArgano, releaseFile, false, PiattaformaMuta()) ||
+        releaseFile < 1.0) {
         return true;
-    } catch (const ErroreFatale& e) {
-        MostraErrore(s_->piattaforma,
-                     "File: " + PercorsoMostrato(file) + "\n" + e.what() +
-                         (e.Dove().empty() ? "" : "\n" + e.Dove()),
-                     "TK07 - LETTURA NON RIUSCITA");
-        return false;
     }
+    const auto guasto = ProvaFileNodo(*prova, file);
+    if (!guasto || guasto->apertura) return true;
+    MostraErrore(s_->piattaforma,
+                 "File: " + PercorsoMostrato(file) + "\n" + guasto->cosa + "\n" + guasto->dove,
+                 "TK07 - LETTURA NON RIUSCITA");
+    return false;
 }
 
 // A file that lacks data leaves those of the joint before: a mixture must not pass in silence.
 void Pilota::AvvisaLetturaParziale() {
     const NoteLettura note = std::exchange(s_->ultimaLettura, NoteLettura{});
+    std::string valori;
+    for (const std::string& v : note.Valori) valori += "\n" + v;
+    if (!valori.empty()) {
+        MostraAvviso(s_->piattaforma, "Valori del file letti diversamente da come sono scritti:" +
+                                          PrimiCaratteri(valori, 1000));
+    }
     std::string testo;
     if (note.RigaInterrotta > 0) {
         testo = "Il file è letto fino alla riga " + std::to_string(note.RigaInterrotta) + " (" +

@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QTimer>
 #include <QTranslator>
+#include <clocale>
 
 #include "base/testo.h"
 #include "desktop/finestra_principale.h"
@@ -19,6 +20,7 @@
 namespace tk07::desktop {
 
 void PreparaApplicazione(QApplication& app) {
+    std::setlocale(LC_NUMERIC, "C");  // the toolkit has taken over the user's
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     auto* traduzione = new QTranslator(&app);
     if (traduzione->load(QStringLiteral("qtbase_it"),

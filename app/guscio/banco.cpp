@@ -21,6 +21,10 @@ namespace {
 // What the reader had to leave out is told: a verdict on half a file must not pass in silence.
 bool LetturaIntera(const Sessione& s) {
     const NoteLettura& note = s.ultimaLettura;
+    for (const std::string& valore : note.Valori) {
+        s.piattaforma.messaggio("attenzione, " + valore, kTitoloProgramma, Segno::esclamazione,
+                                Pulsanti::OK);
+    }
     if (note.RigaInterrotta > 0) {
         s.piattaforma.messaggio("riga " + std::to_string(note.RigaInterrotta) +
                                     ": lettura interrotta (" + note.Causa + ")",

@@ -162,7 +162,8 @@ Json JsonVerifica(const Sessione& s, const std::string& file,
     j["file"] = file;
     j["metodo"] = NomeMetodo(n.MetodoVerifica());
     j["interrotta"] = !valida;
-    j["verificato"] = valida ? Json(s.esiti.verificato) : Json(nullptr);
+    // Without a load set nothing has been judged.
+    j["verificato"] = valida && n.nSollAg > 0 ? Json(s.esiti.verificato) : Json(nullptr);
     Json m = Json::array();
     for (const MessaggioDato& d : messaggi) {
         m.push_back({{"testo", d.testo}, {"titolo", d.titolo}, {"segno", NomeSegno(d.segno)}});

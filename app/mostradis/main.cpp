@@ -32,6 +32,7 @@ int Guasto(const std::string& testo) {
 
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
     CLI::App app{"Visualizzatore dei file di disegno (.dis, .grb)", "mostradis"};
     ParlaItaliano(app);
     std::string file, immagine, tavola, dimensioni = "1600x1000";
@@ -98,6 +99,7 @@ int main(int argc, char** argv) {
 
     if (!SchermoPresente()) return Guasto("nessuno schermo: usare --elenca o --immagine");
     const auto qt = InSilenzio([&] { return std::make_unique<QApplication>(argc, argv); });
+    std::setlocale(LC_NUMERIC, "C");  // the toolkit has taken over the user's
     CaricaItaliano(*qt);
     Finestra finestra(opz, std::move(stili));
     finestra.show();

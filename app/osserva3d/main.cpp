@@ -81,6 +81,7 @@ int ScriviImmagine(const std::string& file, const OpzioniImmagine& opz) {
 
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
     std::vector<std::string> argomenti(argv + 1, argv + argc);
     const std::string segnato = FileInp(argomenti);
     CLI::App app{"Visualizzatore delle scene 3D del nodo", "Osserva3D"};
@@ -133,6 +134,7 @@ int main(int argc, char** argv) {
     }
     if (!SchermoPresente()) return Guasto("nessuno schermo: usare --elenca o --immagine");
     const auto qt = InSilenzio([&] { return std::make_unique<QApplication>(argc, argv); });
+    std::setlocale(LC_NUMERIC, "C");  // the toolkit has taken over the user's
     CaricaItaliano(*qt);
     Finestra3D finestra;
     finestra.show();

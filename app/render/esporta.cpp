@@ -14,6 +14,7 @@
 #include <QSvgGenerator>
 #include <QTranslator>
 #include <algorithm>
+#include <clocale>
 #include <cmath>
 
 #include "base/file_testo.h"
@@ -191,7 +192,9 @@ std::unique_ptr<QGuiApplication> AppSenzaSchermo() {
     static char* argomenti[] = {nome, opzione, valore, nullptr};
     static int quanti = 0;
     quanti = 3;
-    return InSilenzio([] { return std::make_unique<QGuiApplication>(quanti, argomenti); });
+    auto app = InSilenzio([] { return std::make_unique<QGuiApplication>(quanti, argomenti); });
+    std::setlocale(LC_NUMERIC, "C");  // the toolkit has taken over the user's
+    return app;
 }
 
 }  // namespace tk07

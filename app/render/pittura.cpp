@@ -20,16 +20,17 @@ constexpr double kRadianti = std::numbers::pi / 180.0;
 
 // Kinds of line: the option row with its colour, the shipped colour, width [mm].
 struct Genere {
-    int opzione, colore;
+    RigaOpz opzione;
+    int colore;  // where the options lack the row
     double spessore;
     const char* nome;
 };
-constexpr std::array<Genere, 6> kGeneri{{{0, 1, 0.40, "contorni"},
-                                         {1, 8, 0.25, "contorni secondari"},
-                                         {2, 3, 0.30, "saldature"},
-                                         {3, 6, 0.18, "segni di sezione e assi"},
-                                         {7, 2, 0.18, "quote dei dettagli"},
-                                         {9, 2, 0.18, "quote, etichette e note"}}};
+constexpr std::array<Genere, 6> kGeneri{{{kOpzColoreContorno, 1, 0.40, "contorni"},
+                                         {kOpzColoreContorno2, 8, 0.25, "contorni secondari"},
+                                         {kOpzColoreSaldature, 3, 0.30, "saldature"},
+                                         {kOpzColoreSegni, 6, 0.18, "segni di sezione e assi"},
+                                         {kOpzColoreQuoteDett, 2, 0.18, "quote dei dettagli"},
+                                         {kOpzColoreQuote, 2, 0.18, "quote, etichette e note"}}};
 constexpr double kSpessoreLibero = 0.25;
 
 int ColoreGenere(const Genere& g, const Opzioni& opz) {

@@ -27,6 +27,7 @@ std::string CampoMarcato(const std::string& riga, const std::string& nome) {
 int main(int argc, char** argv) {
     using namespace tk07;
     std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
     std::string riga;
     std::vector<std::string> resto;
     for (int i = 1; i < argc; ++i) {

@@ -38,12 +38,16 @@ double Arrotonda(double x, int n) {
     return r / s;
 }
 
-short InteroCorto(double x) {
+std::optional<short> Corto(double x) {
     const double r = Arrotonda(x, 0);
-    if (!(r >= -32768.0 && r <= 32767.0)) {
-        throw ErroreFatale("Numero intero fuori dai limiti -32768..32767");
-    }
+    if (!(r >= -32768.0 && r <= 32767.0)) return std::nullopt;
     return static_cast<short>(r);
+}
+
+short InteroCorto(double x) {
+    const auto n = Corto(x);
+    if (!n) throw ErroreFatale(kOltreSediciBit);
+    return *n;
 }
 
 double AreaResistente(double d) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
 
 namespace tk07 {
 
-// Fixed to these digits on purpose; never replaced by a more exact constant.
+// To 15 digits: a longer constant would move the last digits of every angle, and with them numbers
+// that have been printed and signed.
 inline constexpr double kPi = 3.14159265358979;
 inline constexpr double kMm2PerCm2 = 100.0;
 
@@ -21,7 +23,9 @@ inline double Sgn(double x) { return x > 0.0 ? 1.0 : (x < 0.0 ? -1.0 : 0.0); }
 // gives), n in 0..99. Values that are not finite come back as they are.
 double Arrotonda(double x, int n);
 
-// x rounded to a whole number, half to even; a value outside 16 signed bits is a fatal fault.
+// x rounded to a whole number, half to even; none outside 16 signed bits.
+std::optional<short> Corto(double x);
+// The same where a value outside them is a fatal fault.
 short InteroCorto(double x);
 
 // Resistant area [mm2] of a bolt of diameter d [mm]: pi/4 (0.9 d ((d - 0.1)/d)^3.5)^2.

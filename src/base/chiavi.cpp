@@ -17,29 +17,29 @@ std::string ScriviChiave(std::string_view valore, std::string_view chiave,
 
 RigaChiave::RigaChiave(std::string_view riga) : testo(Taglia(riga)), minuscola(Minuscolo(testo)) {}
 
-bool LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola, std::string& valore,
-                 std::vector<short>& indici) {
-    indici.clear();
+std::optional<ValoreChiave> LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola) {
     const std::string& m = riga.minuscola;
     std::size_t p = m.find('[');
     while (p != std::string::npos &&
            m.compare(p + 1, chiaveMinuscola.size(), chiaveMinuscola) != 0) {
         p = m.find('[', p + 1);
     }
-    if (p == std::string::npos) return false;
+    if (p == std::string::npos) return std::nullopt;
     const std::size_t dopo = p + 1 + chiaveMinuscola.size();
-    if (dopo >= m.size() || (m[dopo] != ' ' && m[dopo] != ']')) return false;
+    if (dopo >= m.size() || (m[dopo] != ' ' && m[dopo] != ']')) return std::nullopt;
     const std::size_t chiusa = m.find(']', dopo);
-    if (chiusa == std::string::npos) return false;
-    valore = Taglia(std::string_view(riga.testo).substr(0, p));
+    if (chiusa == std::string::npos) return std::nullopt;
+    ValoreChiave v;
     std::string resto = m.substr(dopo, chiusa - dopo);
-    while (indici.size() < 11) {
+    while (v.indici.size() < 11) {
         const std::string parola = TogliParola(resto);
         if (parola.empty()) break;
-        indici.push_back(
-            InteroIniziale(parola, "indice di [" + std::string(chiaveMinuscola) + "]"));
+        const auto indice = CortoIniziale(parola, v.guasto);
+        if (!indice) return ValoreChiave{{}, {}, v.guasto};
+        v.indici.push_back(*indice);
     }
-    return true;
+    v.valore = Taglia(std::string_view(riga.testo).substr(0, p));
+    return v;
 }
 
 bool LeggiParametro(std::string_view riga, std::string_view nome, std::string& valore,

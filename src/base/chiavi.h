@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,11 +19,15 @@ struct RigaChiave {
     std::string minuscola;  // the same, lower case
 };
 
-// True when the line carries the key: "[" + key, then a blank or "]", then a "]". Case does not
-// count. `valore` is the trimmed text before the bracket; `indici` up to 11 whole numbers behind
-// the key. An index beyond 16 bits is a fatal fault.
-bool LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola, std::string& valore,
-                 std::vector<short>& indici);
+// What a line has for a key.
+struct ValoreChiave {
+    std::string valore;         // the trimmed text before the bracket
+    std::vector<short> indici;  // up to 11 whole numbers behind the key
+    std::string guasto;         // why an index cannot be told (beyond 16 bits); the rest is empty
+};
+// None unless the line carries the key: "[" + key, then a blank or "]", then a "]". Case does not
+// count.
+std::optional<ValoreChiave> LeggiChiave(const RigaChiave& riga, std::string_view chiaveMinuscola);
 
 // Finds `nome=` in a bracketed line such as "[Release=18] [Descrizione=...]"; every character of
 // `separatori` bounds a parameter. Lines below 4 characters hold none.

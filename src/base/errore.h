@@ -19,6 +19,10 @@ class ErroreFatale : public std::runtime_error {
     std::string dove_;
 };
 
+inline constexpr const char* kOltreSediciBit = "Numero intero fuori dai limiti -32768..32767";
+
+// "Indice 7 fuori dai limiti 0..4", as an answer and as a fatal fault.
+std::string TestoIndiceFuori(long indice, long minimo, long massimo);
 [[noreturn]] void IndiceFuori(long indice, long minimo, long massimo);
 
 }  // namespace tk07

@@ -9,7 +9,8 @@
 
 namespace tk07 {
 
-// Array with the bounds of the design, both included: Tab1<double, 0, 100> Xbull, used as Xbull(i).
+// Array whose indices run from Lo to Hi, both included, so that bolt 1 and load set 0 are written
+// as they are told: Tab1<double, 0, 100> Xbull, used as Xbull(i).
 // An index out of bounds is a fatal fault, never a write outside the array.
 template <class T, int Lo, int Hi>
 class Tab1 {

@@ -71,6 +71,12 @@ std::optional<double> Converti(std::string_view t) {
     return std::nullopt;
 }
 
+// The part of `t` that spells its leading number.
+std::string_view TrattoNumero(std::string_view t) {
+    while (!t.empty() && Bianco(t.front())) t.remove_prefix(1);
+    return t.substr(0, LunghezzaNumero(t));
+}
+
 // Folds one two-byte Latin letter C3 80..C3 BE; 0xD7 and 0xF7 (times, divide) have no case.
 char PiegaLatino(unsigned char c, bool minuscolo) {
     if (minuscolo && c >= 0x80 && c <= 0x9E && c != 0x97) return static_cast<char>(c + 0x20);
@@ -197,14 +203,18 @@ std::string TogliCR(std::string_view testo) {
     return r;
 }
 
+std::optional<double> NumeroIniziale(std::string_view t) {
+    const std::string_view numero = TrattoNumero(t);
+    return numero.empty() ? 0.0 : Converti(numero);
+}
+
+std::string TroppoGrande(std::string_view t) {
+    return "Numero troppo grande: " + std::string(TrattoNumero(t).substr(0, 40));
+}
+
 double ValoreIniziale(std::string_view t) {
-    while (!t.empty() && Bianco(t.front())) t.remove_prefix(1);
-    const std::size_t n = LunghezzaNumero(t);
-    if (n == 0) return 0.0;
-    const auto x = Converti(t.substr(0, n));
-    if (!x)
-        throw ErroreFatale("Numero troppo grande: " +
-                           std::string(t.substr(0, std::min<std::size_t>(n, 40))));
+    const auto x = NumeroIniziale(t);
+    if (!x) throw ErroreFatale(TroppoGrande(t));
     return *x;
 }
 
@@ -215,12 +225,18 @@ std::optional<double> ValoreStretto(std::string_view testo) {
     return Converti(testo);
 }
 
+std::optional<short> CortoIniziale(std::string_view testo, std::string& perche) {
+    const auto x = NumeroIniziale(testo);
+    const auto n = x ? Corto(*x) : std::nullopt;
+    if (!n) perche = x ? kOltreSediciBit : TroppoGrande(testo);
+    return n;
+}
+
 short InteroIniziale(std::string_view testo, std::string_view dove) {
-    try {
-        return InteroCorto(ValoreIniziale(testo));
-    } catch (const ErroreFatale& e) {
-        throw ErroreFatale(e.what(), std::string(dove));
-    }
+    std::string perche;
+    const auto n = CortoIniziale(testo, perche);
+    if (!n) throw ErroreFatale(perche, std::string(dove));
+    return *n;
 }
 
 std::string TestoReale(double x) {

@@ -38,9 +38,15 @@ std::string TogliCR(std::string_view testo);
 // as decimal separator whatever the locale; 0 when there is none. "inf" and "nan" are no numbers; a
 // number beyond the range of a double is a fatal fault.
 double ValoreIniziale(std::string_view testo);
+// The same, none beyond the range of a double.
+std::optional<double> NumeroIniziale(std::string_view testo);
 // Strict reading: blanks around, a sign, digits with a point, an exponent; nothing else.
 std::optional<double> ValoreStretto(std::string_view testo);
-// The leading number as a 16-bit whole number, half to even. `dove` is told by the fatal fault.
+// What a message says of a number beyond that range.
+std::string TroppoGrande(std::string_view testo);
+// The leading number as a 16-bit whole number, half to even; none when it does not fit, with the
+// reason in `perche`. As a fatal fault, `dove` is told with it.
+std::optional<short> CortoIniziale(std::string_view testo, std::string& perche);
 short InteroIniziale(std::string_view testo, std::string_view dove = {});
 
 // Shortest plain text that reads back to the same 64-bit value ("0.5", "1e+20" only where the plain

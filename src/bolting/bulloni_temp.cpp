@@ -38,10 +38,19 @@ void CopiaNelNodo(const BulloniTemp& t, Nodo& nodo) {
     }
 }
 
+std::string OltreIlMassimo() { return "Più di " + std::to_string(kMaxBulloni) + " bulloni"; }
+
+bool CePosto(const BulloniTemp& t, double quanti) { return t.nBullTemp + quanti <= kMaxBulloni; }
+
+int QuantiSelezionati(const BulloniTemp& t) {
+    int quanti = 0;
+    for (int i = 1; i <= t.nBullTemp; ++i) quanti += Selezionato(t, i) ? 1 : 0;
+    return quanti;
+}
+
 void EsigiPosto(const BulloniTemp& t, double quanti) {
-    if (t.nBullTemp + quanti > kMaxBulloni) {
-        throw ErroreFatale("Più di " + std::to_string(kMaxBulloni) + " bulloni",
-                           "disposizione dei bulloni");
+    if (!CePosto(t, quanti)) {
+        throw ErroreFatale(OltreIlMassimo(), kDisposizione);
     }
 }
 
@@ -77,8 +86,8 @@ void AggiungiSingolo(BulloniTemp& t) {
 
 bool PosaBullone(BulloniTemp& t, double x, double y, double diametro) {
     if (t.attesaClick != 1) return false;
-    // Kept on purpose: it is the last bolt that moves, also when the one that awaited the press has
-    // been removed meanwhile (with no bolt left, the unused slot 0).
+    // The last bolt moves. Where the one that awaited the press has been removed meanwhile, that is
+    // another bolt, which the plan shows at once (with no bolt left, the unused slot 0).
     const int n = t.nBullTemp;
     t.XbullTemp(n) = Scatta5(x);
     t.YbullTemp(n) = Scatta5(y);
@@ -88,7 +97,8 @@ bool PosaBullone(BulloniTemp& t, double x, double y, double diametro) {
 }
 
 void AnnullaAttesa(BulloniTemp& t) {
-    // Kept on purpose: the bolt already counted stays, with what its slot held.
+    // The bolt is in the list already and stays there, with what its slot held, to be edited or
+    // removed as any other.
     t.attesaClick = 0;
 }
 
@@ -133,9 +143,7 @@ void Seleziona(BulloniTemp& t, Selezione quali) {
 
 void CopiaSelezionati(BulloniTemp& t, Asse asse, double delta) {
     const int fine = t.nBullTemp;
-    int quanti = 0;
-    for (int i = 1; i <= fine; ++i) quanti += Selezionato(t, i) ? 1 : 0;
-    EsigiPosto(t, quanti);
+    EsigiPosto(t, QuantiSelezionati(t));
     for (int i = 1; i <= fine; ++i) {
         if (!Selezionato(t, i)) continue;
         AccodaBullone(t, t.XbullTemp(i) + (asse == Asse::X ? delta : 0.0),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "joint/nodo.h"
 
 namespace tk07 {
@@ -24,8 +26,14 @@ void CopiaDalNodo(const Nodo& nodo, BulloniTemp& t);
 // Confirms: the joint takes the bolts 1..nBullTemp of the working copy, selection included.
 void CopiaNelNodo(const BulloniTemp& t, Nodo& nodo);
 
-// Every routine that adds asks here first: a fatal fault, with nothing changed yet, when `quanti`
-// bolts more would pass slot 100.
+inline constexpr const char* kDisposizione = "disposizione dei bulloni";  // where such a fault is
+std::string OltreIlMassimo();
+// Whether `quanti` bolts more would fit in the slots up to 100.
+bool CePosto(const BulloniTemp& t, double quanti);
+// How many bolts are selected.
+int QuantiSelezionati(const BulloniTemp& t);
+// Every routine that adds asks here first: a fatal fault, with nothing changed yet, when they would
+// not fit.
 void EsigiPosto(const BulloniTemp& t, double quanti);
 // New last bolt at (x, y) [mm] of diameter `diametro` [mm]. Its selection is whatever the slot
 // held.

@@ -31,7 +31,8 @@ void ProponiNervatura(Nodo& n, int i, double h) {
     n.H2Nerv(i) = Int(2.0 / 3.0 * n.H1Nerv(i));
     n.BNerv(i) = Int(n.TraSec.H / 2.0 + kInSu);
     n.SpNerv(i) = Int(n.TraSec.tw + kInSu);
-    // Kept on purpose: a rib that is off takes the sizes and stays off; only lack of room switches.
+    // A rib that is off takes the sizes, ready to be switched on, and stays off: the proposal gives
+    // sizes, and takes away only what has no room.
     if (n.H1Nerv(i) <= 0.0) {
         n.H1Nerv(i) = n.H2Nerv(i) = n.BNerv(i) = 0.0;
         n.AttNerv(i) = false;
@@ -52,11 +53,35 @@ struct Fila {
 Fila FilaTra(double da, double a, double passoMin) {
     Fila f;
     f.quanti = Int((a - da) / passoMin) + 1.0;
-    PRETENDI(std::isfinite(f.quanti), "Interasse minimo dei bulloni nullo");
     f.primo = da;
     if (f.quanti > 1.0) f.passo = (a - da) / (f.quanti - 1.0);
     if (f.quanti == 1.0) f.primo = std::fabs(a - da) / 2.0 + da;
     return f;
+}
+
+Proposta ProvaArea(const Rettangolo& zona, const LimitiProposta& lim, const std::string& messaggio,
+                   BulloniTemp& t, const Piattaforma& p) {
+    const Fila y = FilaTra(zona.yMin, zona.yMax, lim.passoMinY);
+    const Fila x = FilaTra(zona.xMin, zona.xMax, lim.passoMinX);
+    if (!std::isfinite(y.quanti) || !std::isfinite(x.quanti)) {
+        return {0, "Interasse minimo dei bulloni nullo"};
+    }
+    if (y.quanti < 1.0 || x.quanti < 1.0) {
+        MostraAvviso(p, messaggio);
+        return {};
+    }
+    if (!CePosto(t, x.quanti * y.quanti)) return {0, OltreIlMassimo()};
+    const int Nx = static_cast<int>(x.quanti), Ny = static_cast<int>(y.quanti);
+    for (int j = 0; j < Ny; ++j) {
+        for (int i = 0; i < Nx; ++i) AccodaBullone(t, x(i), y(j), lim.dProp);
+    }
+    return {Nx * Ny, {}};
+}
+
+// The bolts added, where a proposal that cannot be made is a fatal fault.
+int Esigi(const Proposta& proposta) {
+    if (proposta.guasto.empty()) return proposta.aggiunti;
+    throw ErroreFatale(proposta.guasto, kDisposizione);
 }
 
 // The left half of the joint, X < 0, zone by zone.
@@ -70,45 +95,45 @@ class MetaSinistra {
           Ybase(n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec),
           Ytop2(Ybase + n.distAlaSecPiastra),
           M(Max(l.distSald + n.spSaldS2 + l.Rf, l.eMinY)),
-          // Kept on purpose: with the 1 a limit goes to the next whole millimetre inside the zone,
-          // also when it is whole already.
+          // With the 1 a limit goes to the next whole millimetre inside the zone, and one that is
+          // whole already goes a millimetre further in.
           x0(Int(l.comune.xMin + l.eMinX + 1.0)) {}
 
-    int Sopra() {
+    Proposta Sopra() {
         const double y0 = Int(Max(M, Ybase + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
         const double y1 = Min(n_.HPiastra(1) - M, Ytop2 - l_.eMinY);
         return Riempi(1, y0, y1, l_.comune.yMax - Ybase, kNienteSopra);
     }
 
-    int Sotto() {
+    Proposta Sotto() {
         const double y0 = Int(Max(M, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
         const double y1 =
             Min(n_.HPiastra(1) - M, Ybase - n_.TraSec.H - n_.spSaldS1 - l_.distSald - l_.Rf);
         return Riempi(2, y0, y1, Ybase - n_.TraSec.H - l_.comune.yMin, kNienteSotto);
     }
 
-    int ALato() {
+    Proposta ALato() {
         const ProfiloRec& s = n_.TraSec;
         const double y1 =
             Min(Min(n_.HPiastra(1) - M, Ybase - s.tf - n_.spSaldS1 - l_.distSald - l_.Rf),
                 Ytop2 - l_.eMinY);
         const double suAla =
             Int(Max(M, Ybase - s.H + s.tf + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
-        // Kept on purpose: the lower limit takes the step to the next millimetre twice.
+        // The lower limit takes the step to the next millimetre twice: up to 2 mm of clearance.
         const double y0 = Int(Max(suAla, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
         const double x1 = Int(-Max(s.tw / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
                               l_.distSald - l_.Rf);
-        // Kept on purpose: tried also when the limits cross, so that it warns where there is no
-        // plate between the flanges at all.
-        return RiempiArea({x0, x1, y0, y1}, l_, kNienteALato, t_, p_);
+        // Tried also when the limits cross, so that it warns where there is no plate between the
+        // flanges at all.
+        return ProvaArea({x0, x1, y0, y1}, l_, kNienteALato, t_, p_);
     }
 
   private:
     // The zone of rib i; `piastra` [mm] is the height of plate there.
-    int Riempi(int i, double y0, double y1, double piastra, const char* messaggio) {
-        if (y0 < y1) return RiempiArea({x0, LimiteDestro(i), y0, y1}, l_, messaggio, t_, p_);
+    Proposta Riempi(int i, double y0, double y1, double piastra, const char* messaggio) {
+        if (y0 < y1) return ProvaArea({x0, LimiteDestro(i), y0, y1}, l_, messaggio, t_, p_);
         if (piastra > 0.0) MostraAvviso(p_, messaggio);
-        return 0;
+        return {};
     }
 
     double LimiteDestro(int i) const {
@@ -116,7 +141,8 @@ class MetaSinistra {
             return Int(-Max(n_.SpNerv(i) / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
                        l_.distSald - l_.Rf);
         }
-        // Kept on purpose: without the rib the limit is not cut to a whole millimetre.
+        // Without the rib the limit is the exact clearance: the last column need not stand on a
+        // whole millimetre.
         return -n_.SpNerv(3) / 2.0 - n_.spSaldS2 - l_.distSald - l_.Rf;
     }
 
@@ -135,8 +161,8 @@ class MetaSinistra {
 void ProponiPias(Nodo& n) {
     n.BPiastra(1) = Max(n.TraPri.B, kLarghezzaMinima);
     n.HPiastra(1) = Int(n.TraPri.H - 2.0 * n.TraPri.tf);
-    // Kept on purpose: the thicknesses are not cut to whole millimetres, as the default joint's
-    // are.
+    // The greater flange as it is rolled, 7.4 mm say: the user gives the sheet's thickness. The
+    // default joint has whole millimetres.
     n.SpPiastra(1) = Max(n.TraPri.tf, n.TraSec.tf);
     n.BPiastra(2) = Max(n.TraSec.B, kLarghezzaMinima);
     const double sopra = n.AttNerv(1) ? Max(n.H1Nerv(1), n.distAlaSecPiastra) : n.distAlaSecPiastra;
@@ -174,40 +200,37 @@ LimitiProposta LimitiPerProposta(const Nodo& nodo, const Opzioni& opz, double dP
 
 int RiempiArea(const Rettangolo& zona, const LimitiProposta& lim, const std::string& messaggio,
                BulloniTemp& t, const Piattaforma& p) {
-    const Fila y = FilaTra(zona.yMin, zona.yMax, lim.passoMinY);
-    const Fila x = FilaTra(zona.xMin, zona.xMax, lim.passoMinX);
-    if (y.quanti < 1.0 || x.quanti < 1.0) {
-        MostraAvviso(p, messaggio);
-        return 0;
-    }
-    EsigiPosto(t, x.quanti * y.quanti);
-    const int Nx = static_cast<int>(x.quanti), Ny = static_cast<int>(y.quanti);
-    for (int j = 0; j < Ny; ++j) {
-        for (int i = 0; i < Nx; ++i) AccodaBullone(t, x(i), y(j), lim.dProp);
-    }
-    return Nx * Ny;
+    return Esigi(ProvaArea(zona, lim, messaggio, t, p));
 }
 
-int Proponi(const Nodo& nodo, const Opzioni& opz, double dProp, BulloniTemp& t,
-            const Piattaforma& p) {
+Proposta ProvaProponi(const Nodo& nodo, const Opzioni& opz, double dProp, BulloniTemp& t,
+                      const Piattaforma& p) {
     const LimitiProposta lim = LimitiPerProposta(nodo, opz, dProp);
     if (!Compatibili(lim)) {
         MostraAvviso(p, kNonCompatibili);
-        return 0;
+        return {};
     }
     BulloniTemp nuovi = t;
     MetaSinistra meta(nodo, lim, nuovi, p);
-    int n = meta.Sopra();
-    n += meta.Sotto();
-    n += meta.ALato();
+    int n = 0;
+    for (const auto zona : {&MetaSinistra::Sopra, &MetaSinistra::Sotto, &MetaSinistra::ALato}) {
+        const Proposta parte = (meta.*zona)();
+        if (!parte.guasto.empty()) return parte;
+        n += parte.aggiunti;
+    }
     const int primo = t.nBullTemp + 1;
-    EsigiPosto(nuovi, n);
+    if (!CePosto(nuovi, n)) return {0, OltreIlMassimo()};
     for (int k = primo; k < primo + n; ++k) {
         // 0 - x: a bolt on the axis is mirrored to 0, not to -0.
         AccodaBullone(nuovi, 0.0 - nuovi.XbullTemp(k), nuovi.YbullTemp(k), nuovi.FibullTemp(k));
     }
     t = nuovi;
-    return 2 * n;
+    return {2 * n, {}};
+}
+
+int Proponi(const Nodo& nodo, const Opzioni& opz, double dProp, BulloniTemp& t,
+            const Piattaforma& p) {
+    return Esigi(ProvaProponi(nodo, opz, dProp, t, p));
 }
 
 }  // namespace tk07

@@ -41,15 +41,25 @@ LimitiProposta LimitiPerProposta(const Nodo& nodo, const Opzioni& opz, double dP
 // returns the number added; with room for no row or no column, `messaggio` as a warning and 0. One
 // row or column lies in the middle; of several, the first and the last lie on the zone's limits.
 //   Degenerate  more bolts than slots, or a pitch of 0: fatal fault, `t` is unchanged
-// Kept on purpose: the greatest pitch is not looked at here, and the new bolts keep the selection
-// of their slots.
+// The greatest pitch is not looked at here: the check of the spacing tells where it is passed. The
+// new bolts keep the selection of their slots.
 int RiempiArea(const Rettangolo& zona, const LimitiProposta& lim, const std::string& messaggio,
                BulloniTemp& t, const Piattaforma& p);
+
+// A proposal of bolts: how many were added, or why there can be none (more than the slots hold, a
+// pitch of 0), in which case nothing was.
+struct Proposta {
+    int aggiunti = 0;
+    std::string guasto;
+};
 
 // Adds a layout of bolts of diameter dProp [mm], symmetric about X = 0, behind those of `t`:
 // regular grids above the secondary beam, below it and beside its web, clear of welds and ribs.
 // Returns the number added. A zone that takes no bolt is told by a warning; a diameter that the
-// plates cannot meet by one warning, and nothing is added. A fatal fault leaves `t` unchanged.
+// plates cannot meet by one warning, and nothing is added. A proposal that cannot be made leaves
+// `t` unchanged: an answer of the first routine, a fatal fault of the second.
+Proposta ProvaProponi(const Nodo& nodo, const Opzioni& opz, double dProp, BulloniTemp& t,
+                      const Piattaforma& p);
 int Proponi(const Nodo& nodo, const Opzioni& opz, double dProp, BulloniTemp& t,
             const Piattaforma& p);
 

@@ -73,8 +73,8 @@ void LimitiDisegno(Disegno& d);
 
 // Deletes what cannot be seen or stands twice: bad line elements, dashed ones that lie on another
 // element, equal arcs, texts without size; merges coincident coordinates and drops unused ones.
-// Kept on purpose: overlapping continuous lines stay; the end point of an arc and the coordinate of
-// a point are not moved by the merging.
+// Overlapping continuous lines stay, a plotter draws them twice. The end point of an arc and the
+// coordinate of a point are not moved by the merging and keep the point that they had.
 void PulisciDisegno(Disegno& d);
 
 }  // namespace tk07

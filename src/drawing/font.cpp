@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "base/aritmetica.h"
-#include "base/errore.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 
@@ -12,9 +11,11 @@ namespace tk07 {
 
 namespace {
 
+// Two characters never spell more than 16 bits hold.
 std::int16_t DueCifre(std::string_view riga, std::size_t posto) {
+    std::string perche;
     if (posto >= riga.size()) return 0;
-    return InteroIniziale(riga.substr(posto, 2), "font.001");
+    return CortoIniziale(riga.substr(posto, 2), perche).value_or(0);
 }
 
 // One glyph: its character, then two digits of x and two of y for every point.
@@ -44,18 +45,19 @@ void LeggiFont(std::string_view dirProgra, FontTratti& font, const Piattaforma& 
     // Raw bytes: the first character of a line is a code of the 8-bit set.
     std::string bytes, errore;
     bool riuscito = LeggiBytes(percorso, bytes, errore) && !bytes.empty();
-    try {
-        std::size_t numero = 0;
-        for (std::string& riga : Dividi(bytes, '\n')) {
-            if (!riga.empty() && riga.back() == '\r') riga.pop_back();
-            if (numero++ == 0) {
-                font.fontSpaziatura = InteroIniziale(riga, nome + ", riga 1");
-            } else if (!riga.empty()) {
-                LeggiGlifo(riga, font);
+    std::size_t numero = 0;
+    for (std::string& riga : Dividi(bytes, '\n')) {
+        if (!riga.empty() && riga.back() == '\r') riga.pop_back();
+        if (numero++ == 0) {
+            const auto spaziatura = CortoIniziale(riga, errore);
+            if (!spaziatura) {
+                riuscito = false;
+                break;
             }
+            font.fontSpaziatura = *spaziatura;
+        } else if (!riga.empty()) {
+            LeggiGlifo(riga, font);
         }
-    } catch (const ErroreFatale&) {
-        riuscito = false;
     }
     if (!riuscito) MostraErrore(p, "Errore in lettura del file " + nome + " !");
 }

@@ -118,8 +118,8 @@ void SaldatureVista(Figura& f, const ContestoDis& c, Piano p, const std::vector<
     for (const std::string& nome : nomi) {
         for (const LineaSaldatura& l : c.saldature) {
             if (NomeLinea(l.indice) != nome) continue;
-            // Kept on purpose: with no plate above the secondary beam s1 has its mark but no
-            // strokes.
+            // With no plate above the secondary beam there is no room to draw s1: its mark and its
+            // row in the table tell that the weld is there and is to be made.
             const bool tratti = !(l.indice % kSpecchio == 0 && c.nodo.distAlaSecPiastra == 0.0);
             const short tipo = nascosta(l.indice % kSpecchio + 1) ? kNascosta : kContinua;
             segni.emplace_back(nome,

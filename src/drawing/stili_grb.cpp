@@ -4,7 +4,6 @@
 #include <string>
 
 #include "base/aritmetica.h"
-#include "base/errore.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 
@@ -33,6 +32,12 @@ std::array<double, N> Numeri(const std::string& riga) {
     return v;
 }
 
+short Intero(double x) {
+    const auto n = Corto(x);
+    if (!n) throw ErroreModello{};
+    return *n;
+}
+
 }  // namespace
 
 void LeggiStiliGrb(std::string_view percorso, StiliGrb& stili, const Piattaforma& p) {
@@ -51,9 +56,9 @@ void LeggiStiliGrb(std::string_view percorso, StiliGrb& stili, const Piattaforma
     try {
         riga();
         const auto testa = Numeri<3>(riga());
-        const short unita = InteroCorto(testa[1]);
+        const short unita = Intero(testa[1]);
         riga();
-        const short n = InteroCorto(Numeri<1>(riga())[0]);
+        const short n = Intero(Numeri<1>(riga())[0]);
         if (n < 0 || n > kMaxStiliGrb) throw ErroreModello{};
         StiliGrb letti;
         letti.Stili.clear();
@@ -62,12 +67,10 @@ void LeggiStiliGrb(std::string_view percorso, StiliGrb& stili, const Piattaforma
             const auto v = Numeri<4>(riga());
             riga();
             letti.Stili.push_back({ConvertiScala(v[0], testa[0], unita),
-                                   ConvertiScala(v[1], testa[0], unita), InteroCorto(v[3])});
+                                   ConvertiScala(v[1], testa[0], unita), Intero(v[3])});
         }
         if (!letti.Stili.empty()) stili = std::move(letti);
     } catch (const ErroreModello&) {
-        MostraAvviso(p, "Errore in lettura del file " + nome);
-    } catch (const ErroreFatale&) {
         MostraAvviso(p, "Errore in lettura del file " + nome);
     }
 }

@@ -24,21 +24,55 @@ std::string ConIndice(const char* chiave, IndiceCampo indice, int i) {
     return indice == IndiceCampo::nessuno ? chiave : std::string(chiave) + " " + std::to_string(i);
 }
 
-// Stores the line's value; true when one of the keys takes it.
-bool PrendiRiga(Nodo& nodo, const RigaChiave& riga, const std::string& dove,
-                std::set<std::string>* viste) {
-    std::string valore;
-    std::vector<short> indici;
+// What became of a line.
+struct Riga {
+    bool presa = false;  // one of the keys has it
+    std::string chiave;  // which, with its index
+    CampoNodo::Presa esito;
+    std::string dove;  // of a refusal: which part of the line
+};
+
+// Stores the line's value.
+Riga PrendiRiga(Nodo& nodo, const RigaChiave& riga) {
     for (const GruppoCampi& gruppo : GruppiNodo()) {
         for (const CampoNodo& campo : gruppo.campi) {
-            if (!LeggiChiave(riga, campo.minuscola, valore, indici)) continue;
-            const int i = indici.empty() ? 0 : indici.front();
-            campo.metti(nodo, i, valore, dove + ", chiave " + campo.chiave);
-            if (viste != nullptr) viste->insert(ConIndice(campo.chiave, gruppo.indice, i));
-            return true;
+            const auto v = LeggiChiave(riga, campo.minuscola);
+            if (!v) continue;
+            if (!v->guasto.empty()) {
+                return {true,
+                        {},
+                        {v->guasto, {}},
+                        std::string(", indice di [") + campo.minuscola + "]"};
+            }
+            const std::string testo = ": " + riga.testo.substr(0, 60);
+            const int i = v->indici.empty() ? 0 : v->indici.front();
+            const auto [minimo, massimo] = LimitiDi(gruppo.indice);
+            if (i < minimo || i > massimo) {
+                return {true, {}, {TestoIndiceFuori(i, minimo, massimo), {}}, testo};
+            }
+            const bool numero = campo.tipo == TipoCampo::reale || campo.tipo == TipoCampo::booleano;
+            return {true, ConIndice(campo.chiave, gruppo.indice, i),
+                    campo.metti(nodo, i, v->valore),
+                    numero ? testo : std::string(", chiave ") + campo.chiave};
         }
     }
-    return false;
+    return {};
+}
+
+// The first text of the joint that cannot stand in its file, and why; empty when all can.
+std::string TestoDaRifiutare(const Nodo& nodo) {
+    for (const GruppoCampi& gruppo : GruppiNodo()) {
+        const int fine = UltimoIndice(gruppo.indice, nodo);
+        for (int i = PrimoIndice(gruppo.indice); i <= fine; ++i) {
+            for (const CampoNodo& campo : gruppo.campi) {
+                if (campo.tipo != TipoCampo::testo) continue;
+                const std::string perche = TestoRifiutato(campo.testo(nodo, i));
+                if (!perche.empty())
+                    return ConIndice(campo.chiave, gruppo.indice, i) + ": " + perche;
+            }
+        }
+    }
+    return {};
 }
 
 // Keys that are written for people and never read.
@@ -71,8 +105,10 @@ std::string TestoFileNodo(const Nodo& nodo, const Orologio& adesso) {
 }
 
 bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p) {
-    const std::string errore =
-        ScriviFile(percorso, TestoFileNodo(nodo, p.orologio()), Codifica::windows1252);
+    std::string errore = TestoDaRifiutare(nodo);
+    if (errore.empty()) {
+        errore = ScriviFile(percorso, TestoFileNodo(nodo, p.orologio()), Codifica::windows1252);
+    }
     if (errore.empty()) return true;
     MostraErrore(p, "File: " + PercorsoMostrato(percorso) + "\n" + errore,
                  "TK07 - SALVATAGGIO NON RIUSCITO");
@@ -104,46 +140,54 @@ bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& rele
     return true;
 }
 
-bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p, NoteLettura* note) {
+std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, std::string_view percorso, NoteLettura* note) {
     const FileLetto f = LeggiRighe(percorso);
     const std::string nome = PercorsoMostrato(percorso);
-    if (!f.riuscito) {
-        MostraErrore(p, "File: " + nome + "\n" + f.errore, "TK07 - LETTURA NON RIUSCITA");
-        return false;
-    }
-    Nodo letto = nodo;  // a fatal fault on the way leaves the joint as it was
+    if (!f.riuscito) return GuastoNodo{f.errore, {}, true};
+    Nodo letto = nodo;  // a fault on the way leaves the joint as it was
     letto.Esposizione = letto.TipoVer = 0;
     letto.RigheSconosciute.clear();
+    letto.NomiAssenti.clear();
     std::set<std::string> viste;
     for (std::size_t i = 1; i < f.righe.size(); ++i) {
         if (f.righe[i].find('[') == std::string::npos) continue;
         const RigaChiave riga(f.righe[i]);
-        const std::string dove = nome + ", riga " + std::to_string(i + 1);
-        try {
-            if (!PrendiRiga(letto, riga, dove, note == nullptr ? nullptr : &viste) &&
-                !ChiaveNota(riga) && riga.testo.find(']') != std::string::npos) {
-                letto.RigheSconosciute.push_back(riga.testo);
-            }
-        } catch (const ErroreFatale& e) {
-            throw ErroreFatale(e.what(), e.Dove().find(nome) == 0 ? e.Dove()
-                                         : e.Dove().empty() ? dove + ": " + riga.testo.substr(0, 60)
-                                                            : dove + ", " + e.Dove());
+        const std::string numero = "riga " + std::to_string(i + 1);
+        Riga r = PrendiRiga(letto, riga);
+        if (!r.esito.rifiuto.empty()) {
+            return GuastoNodo{r.esito.rifiuto, nome + ", " + numero + r.dove};
         }
+        if (!r.presa && !ChiaveNota(riga) && riga.testo.find(']') != std::string::npos) {
+            letto.RigheSconosciute.push_back(riga.testo);
+        }
+        if (!r.presa || note == nullptr) continue;
+        if (!r.esito.nota.empty()) {
+            note->Valori.push_back(numero + ", chiave " + r.chiave + ": " + r.esito.nota);
+        }
+        viste.insert(std::move(r.chiave));
     }
     if (note != nullptr) {
         for (const GruppoCampi& gruppo : GruppiNodo()) {
             const int fine = UltimoIndice(gruppo.indice, letto);
             for (int i = PrimoIndice(gruppo.indice); i <= fine; ++i) {
                 for (const CampoNodo& campo : gruppo.campi) {
-                    std::string chiave = ConIndice(campo.chiave, gruppo.indice,
-                                                   gruppo.indice == IndiceCampo::nessuno ? 0 : i);
+                    std::string chiave = ConIndice(campo.chiave, gruppo.indice, i);
                     if (!viste.contains(chiave)) note->ChiaviMancanti.push_back(std::move(chiave));
                 }
             }
         }
     }
     nodo = std::move(letto);
-    return true;
+    return std::nullopt;
+}
+
+bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p, NoteLettura* note) {
+    const auto guasto = ProvaFileNodo(nodo, percorso, note);
+    if (!guasto) return true;
+    if (!guasto->apertura) throw ErroreFatale(guasto->cosa, guasto->dove);
+    MostraErrore(p, "File: " + PercorsoMostrato(percorso) + "\n" + guasto->cosa,
+                 "TK07 - LETTURA NON RIUSCITA");
+    return false;
 }
 
 }  // namespace tk07

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,12 +19,21 @@ struct NoteLettura {
     std::string Causa;       // and why
     // Names that the libraries lack, and what stands for them.
     std::vector<std::string> NomiAssenti;
+    // Values that were not taken as they are written ("riga 7, chiave nBull: ...").
+    std::vector<std::string> Valori;
+};
+
+// Why a joint file cannot be read.
+struct GuastoNodo {
+    std::string cosa;
+    std::string dove;       // file, line, key; empty when the file itself cannot be opened
+    bool apertura = false;  // it cannot be opened
 };
 
 // The text of the joint file, keyed format.
 std::string TestoFileNodo(const Nodo& nodo, const Orologio& adesso);
-// Writes it; false after a box with the system's message. A file that exists keeps its contents
-// then.
+// Writes it; false after a box with the system's message, or with the text that cannot stand in a
+// joint file. A file that exists keeps its contents then.
 bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p);
 
 // Release stamps of line 1; false when the file cannot be read (with a box if `conMessaggio`).
@@ -31,15 +41,19 @@ bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& rele
                   bool conMessaggio, const Piattaforma& p);
 
 // Keyed format: reads what the file holds into `nodo`; a key that it lacks leaves the field, but
-// for Esposizione and TipoVer, which fall to 0. `AttNerv` is true exactly for 1. False after a box
-// when the file cannot be opened; no field has changed then. Fatal fault, with file, line and key:
-// an index or a count beyond the arrays, a whole number beyond 16 bits, a text in Esposizione or
-// TipoVer that is no number.
+// for Esposizione and TipoVer, which fall to 0. `AttNerv` is true exactly for 1, a count below zero
+// acts as 0, any other value is its leading number. The fault with file, line and key, and no field
+// changed: a file that cannot be opened, an index or a count beyond the arrays, a whole number
+// beyond 16 bits, a text in Esposizione or TipoVer that is no number.
+std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, std::string_view percorso,
+                                        NoteLettura* note = nullptr);
+// The same as a command: false after a box when the file cannot be opened, a fatal fault for the
+// others.
 bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p,
                    NoteLettura* note = nullptr);
 
 // Positional format of older files. A fault stops the reading without a message and whatever was
-// read stays.
+// read stays. A description that cannot stand in a joint file gets "(" for its "[", and is told.
 bool LeggiFileNodoVecchio(Nodo& nodo, std::string_view percorso, const Piattaforma& p,
                           NoteLettura* note = nullptr);
 

@@ -3,6 +3,7 @@
 #include "base/aritmetica.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "joint/campi_nodo.h"
 #include "joint/file_nodo.h"
 
 namespace tk07 {
@@ -61,6 +62,16 @@ class Lettore {
         return *x;
     }
 
+    // A count: below zero it is told and acts as 0.
+    short Conteggio(const char* chiave, int massimo, NoteLettura& note) {
+        const short n = Intero(massimo);
+        if (n >= 0) return n;
+        note.Valori.push_back("riga " + std::to_string(Riga()) + ", chiave " + chiave +
+                              ": numero di elementi sotto zero (" + std::to_string(n) +
+                              "), vale 0");
+        return 0;
+    }
+
     short Intero(int massimo = 32767) {
         const double x = Arrotonda(Numero(), 0);
         if (!(x >= -32768.0 && x <= massimo)) throw FineLettura{"valore fuori dai limiti"};
@@ -100,7 +111,16 @@ void LeggiNervatura(Nodo& n, int i, std::string riga) {
     }
 }
 
-void LeggiTutto(Nodo& n, Lettore& l) {
+// A description as a joint file can have it.
+std::string Descrizione(Lettore& l, NoteLettura& note) {
+    const std::string t = l.Testo();
+    if (TestoRifiutato(t).empty()) return t;
+    note.Valori.push_back("riga " + std::to_string(l.Riga()) + ", chiave NomeSa: \"" +
+                          PrimiCaratteri(t, 40) + "\" contiene una chiave, \"[\" diventa \"(\"");
+    return SostituisciTesto(t, "[", "(");
+}
+
+void LeggiTutto(Nodo& n, Lettore& l, NoteLettura& note) {
     std::string prima = l.RigaIntera();
     const bool ntc = Contiene(prima, "VERNTC");
     n.TraPri.Nome = ntc ? l.Testo() : SostituisciTesto(prima, "\"", "");
@@ -116,7 +136,7 @@ void LeggiTutto(Nodo& n, Lettore& l) {
     for (int i = 1; i <= 3; ++i) LeggiNervatura(n, i, l.RigaIntera());
     n.spSaldS1 = l.Numero();
     n.spSaldS2 = l.Numero();
-    n.nBull = l.Intero(kMaxBulloni);
+    n.nBull = l.Conteggio("nBull", kMaxBulloni, note);
     for (int i = 1; i <= n.nBull; ++i) {
         n.Xbull(i) = l.Numero();
         n.Ybull(i) = l.Numero();
@@ -125,21 +145,21 @@ void LeggiTutto(Nodo& n, Lettore& l) {
     n.acciaio.Nome = l.Testo();
     n.vite.Nome = l.Testo();
     if (ntc) {
-        // Kept on purpose: this format counts the exposures from 1, the keyed one from 0.
+        // This format counts the exposures from 1, the keyed one and the memory from 0.
         const int esposizione = l.Intero() - 1;
         if (esposizione < -1 || esposizione > 2) throw FineLettura{"esposizione fuori dai limiti"};
         n.Esposizione = static_cast<short>(esposizione);
     }
-    n.nSollAg = l.Intero(kMaxSestetto + 1);
+    n.nSollAg = l.Conteggio("nSollAg", kMaxSestetto + 1, note);
     for (int k = 0; k < n.nSollAg; ++k) {
         for (auto* azione :
              {&n.SforzoNormale, &n.TaglioY, &n.TaglioZ, &n.MomTorc, &n.MomY, &n.MomZ}) {
             (*azione)(k) = l.Numero();
         }
         n.CasoCarico(k) = l.Intero();
-        n.NomeSa(k) = l.Testo();
+        n.NomeSa(k) = Descrizione(l, note);
     }
-    n.numNodi = l.Intero(kMaxNodi);
+    n.numNodi = l.Conteggio("numNodi", kMaxNodi, note);
     for (int i = 1; i <= n.numNodi; ++i) n.NomeNodi(i) = l.Intero();
     const short metodo = l.Intero(1);
     if (metodo < 0) throw FineLettura{"metodo di verifica fuori dai limiti"};
@@ -157,15 +177,16 @@ bool LeggiFileNodoVecchio(Nodo& nodo, std::string_view percorso, const Piattafor
         return false;
     }
     nodo.RigheSconosciute.clear();
+    nodo.NomiAssenti.clear();
     Lettore l(f.righe);
+    NoteLettura lette;
     try {
-        LeggiTutto(nodo, l);
+        LeggiTutto(nodo, l, lette);
     } catch (const FineLettura& fine) {
-        if (note != nullptr) {
-            note->RigaInterrotta = l.Riga();
-            note->Causa = fine.causa;
-        }
+        lette.RigaInterrotta = l.Riga();
+        lette.Causa = fine.causa;
     }
+    if (note != nullptr) *note = std::move(lette);
     return true;
 }
 

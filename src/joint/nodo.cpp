@@ -10,8 +10,22 @@ void RicalcolaNervatura3(Nodo& n) {
     n.SmussoNerv(3) = Int(n.TraPri.r + 0.99);
 }
 
+std::vector<NomeAssente> NomiPersi(const Nodo& nodo) {
+    std::vector<NomeAssente> persi;
+    for (const NomeAssente& a : nodo.NomiAssenti) {
+        for (const auto& [chiave, nome] : {std::pair{"TraPri_Nome", &nodo.TraPri.Nome},
+                                           std::pair{"TraSec_Nome", &nodo.TraSec.Nome},
+                                           std::pair{"acciaio_Nome", &nodo.acciaio.Nome},
+                                           std::pair{"vite_Nome", &nodo.vite.Nome}}) {
+            if (a.chiave == chiave && a.usato == *nome) persi.push_back(a);
+        }
+    }
+    return persi;
+}
+
 void NodoDiDefault(Nodo& n, const LibreriaProfili& profili, const Materiali& mat,
                    const Piattaforma& p) {
+    n.NomiAssenti.clear();
     constexpr double kLarghezzaMinima = 120.0;  // mm, floor on the width of both plates
     constexpr double kInSu = 0.99;              // with Int: up to the next whole millimetre
     n.TraPri = profili.Profili(CercaProfiloDaNome(profili, "IPE270", p));

@@ -14,6 +14,14 @@ inline constexpr int kMaxBulloni = 100;
 inline constexpr int kMaxSestetto = 500;  // last slot of the load table
 inline constexpr int kMaxNodi = 2000;
 
+// A name of the joint's file that the libraries lack, and what stands for it in memory.
+struct NomeAssente {
+    std::string chiave;  // "TraPri_Nome", ...
+    std::string nome;    // as the file has it
+    std::string usato;   // name of the record in its place, empty for the section without data
+    bool operator==(const NomeAssente&) const = default;
+};
+
 // The joint. Lengths in mm, forces in daN, moments in daN cm. Plates: 1 on the main beam, 2 on the
 // secondary beam. Ribs: 1 above and 2 below the secondary beam on plate 2, 3 inside the main beam.
 // Bolts lie at 1..nBull, load sets at 0..nSollAg-1.
@@ -48,6 +56,8 @@ struct Nodo {
 
     // Lines of a newer file whose keys are unknown here: written back at the end of the file.
     std::vector<std::string> RigheSconosciute;
+    // Names that the file had and the libraries lack: set where a file is opened.
+    std::vector<NomeAssente> NomiAssenti;
 
     Metodo MetodoVerifica() const { return TipoVer == 0 ? Metodo::TA : Metodo::SLU; }
 };
@@ -59,6 +69,10 @@ void NodoDiDefault(Nodo& nodo, const LibreriaProfili& profili, const Materiali& 
 
 // Rib 3 follows from the main beam and plate 1; only its thickness is the user's.
 void RicalcolaNervatura3(Nodo& nodo);
+
+// Which names of the file would be lost if the joint were saved now: those whose substitute still
+// stands in its place. A caller asks before it writes over the file; empty when none is lost.
+std::vector<NomeAssente> NomiPersi(const Nodo& nodo);
 
 // Plate coordinates: x from the centre line, y from the lower end of plate 1, mm.
 double CimaPiastra2(const Nodo& nodo);    // upper end of plate 2

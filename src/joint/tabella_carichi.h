@@ -30,7 +30,8 @@ void SaScambio_(Nodo& nodo, int a, int b);
 void SaAzzera_(Nodo& nodo, int k);
 // Removes set k and closes the gap; the slot behind the last becomes blank.
 void RimozioneSoll(Nodo& nodo, int k);
-// Writes set k. Kept on purpose: Tz stands before Ty in this order of arguments.
+// Writes set k. Tz stands before Ty, as in the extremes below: a caller that follows the table's
+// order of columns would swap the two shears.
 void AssegnaSestetto(Nodo& nodo, int k, double N, double Tz, double Ty, double Mt, double My,
                      double Mz, const std::string& descrizione);
 

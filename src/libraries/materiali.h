@@ -100,7 +100,8 @@ std::vector<std::string> ListaMateriali(Metodo metodo, std::string_view tipo, sh
                                         const TabellaMateriali<MaterialeRec>& tabella);
 // Position in the table (from 0) of a replacement for `nomeCorrente`: the first valid row with
 // another name of which one contains the other; 0 when there is none.
-// Kept on purpose: the result is used as a position in the filtered list.
+// The caller selects with it in the filtered list: where that leaves out rows before it, the steel
+// selected is a later one, which the list shows.
 int AlternativaMateriale(Metodo metodo, std::string_view tipo, std::string_view nomeCorrente,
                          short n, const TabellaMateriali<MaterialeRec>& tabella);
 // The list of a method and the position selected in it (-1 when the list is empty). When

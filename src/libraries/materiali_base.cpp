@@ -40,7 +40,14 @@ void DecifraRigaMatBase(std::string_view riga, Materiali& mat, const Piattaforma
     std::vector<short> indici;
     const RigaChiave r(Maiuscolo(riga));  // names of materials come out in upper case too
     const auto trovata = [&](std::string_view chiave) {
-        return LeggiChiave(r, chiave, valore, indici);
+        auto v = LeggiChiave(r, chiave);
+        if (!v) return false;
+        if (!v->guasto.empty()) {
+            throw ErroreFatale(v->guasto, "indice di [" + std::string(chiave) + "]");
+        }
+        valore = std::move(v->valore);
+        indici = std::move(v->indici);
+        return true;
     };
     const ChiaveBase cls[] = {{"valorecalcolato_cls_rck", &b.ClsBase.Rck},
                               {"cls_coefficiente_gammac", &b.ClsBase.GammaC},

@@ -169,7 +169,8 @@ void Aggiungi(Importazione& i, const Azioni& a, short estremo, const std::string
     const double N = Tondo(a.assiale, 1), Tz = Tondo(a.taglio2, 1),
                  Ty = Tondo(verso * a.taglio1, 1);
     if (i.modo == ModoImport::massimiMinimi) {
-        // Kept on purpose: here the moments are whole numbers with the sign of the analysis.
+        // The extremes are those of the analysis: moments keep its signs, to a whole daN cm. What
+        // the import tells of each action says so.
         VagliaMaxMinSoll(i.nodo, N, Tz, Ty, Tondo(a.torsione, 0), Tondo(a.momento1, 0),
                          Tondo(a.momento2, 0), nome);
         return;

@@ -6,7 +6,6 @@
 #include <unordered_map>
 
 #include "base/aritmetica.h"
-#include "base/errore.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "modelimport/liste.h"
@@ -84,13 +83,8 @@ void LettoreStr::Salta(long righe) {
 }
 
 long LettoreStr::Togli(std::string& riga) {
-    const std::string campo = EstraiCampo(riga);
-    double x = std::numeric_limits<double>::infinity();
-    try {
-        x = Arrotonda(ValoreIniziale(campo), 0);
-    } catch (const ErroreFatale&) {
-        // beyond the range of a double, and so of a whole number
-    }
+    const double x = Arrotonda(
+        NumeroIniziale(EstraiCampo(riga)).value_or(std::numeric_limits<double>::infinity()), 0);
     if (x < std::numeric_limits<int>::min() || x > std::numeric_limits<int>::max()) {
         guasto_ = true;
         return 0;
@@ -108,7 +102,8 @@ EsitoStr ControllaVersioneStr(LettoreStr& lettore, std::string& riga, StrVecchia
                  "Versione 3.8 o precedente. Caricare e risalvare la struttura in 'Ambiente "
                  "Grafico'",
                  "ATTENZIONE!");
-    // Kept on purpose: without an end of the program the reading goes on one line too high.
+    // Such a file has no stamp: its first line stands where the second is expected, and the numbers
+    // that follow are whatever stands there. The box tells; what does not fit is a fault later on.
     return vecchia == StrVecchia::termina ? EsitoStr::fineProgramma : EsitoStr::bene;
 }
 

@@ -24,7 +24,7 @@ class Lettura {
     int Numero() const { return static_cast<int>(i_); }
     std::size_t Conteggio(const char* cosa) {
         const auto x = ValoreStretto(Riga());
-        if (!x || *x < 0.0 || *x > 10000.0 || *x != static_cast<double>(static_cast<long>(*x))) {
+        if (!x || *x < 0.0 || *x > 10000.0 || *x != static_cast<long>(*x)) {
             throw Guasto{"riga " + std::to_string(Numero()) + ": " + cosa + " errato"};
         }
         return static_cast<std::size_t>(*x);
@@ -45,7 +45,10 @@ RigaOpzione LeggiRiga(const std::string& riga, int numero) {
     r.Valore = *valore;
     r.Tipo = campo(1);
     r.Programmi = campo(2);
-    r.Gruppo = InteroIniziale(campo(3), "riga " + std::to_string(numero));
+    std::string perche;
+    const auto gruppo = CortoIniziale(campo(3), perche);
+    if (!gruppo) throw Guasto{"riga " + std::to_string(numero) + ": " + perche};
+    r.Gruppo = *gruppo;
     r.Etichetta = campi.size() > 4 ? campo(4) : "$$$";
     for (const std::string& c : campi) r.Campi.push_back(Taglia(c));
     return r;
@@ -85,8 +88,6 @@ bool LeggiOpzioni(std::string_view nomeFile, Opzioni& opz, const Piattaforma& p)
         return true;
     } catch (const Guasto& g) {
         MostraAvviso(p, "File delle opzioni " + nome + ": " + g.testo, "Errore");
-    } catch (const ErroreFatale& e) {
-        MostraAvviso(p, "File delle opzioni " + nome + ", " + e.Dove() + ": " + e.what(), "Errore");
     }
     return false;
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int32_t kGiallo = ColoreArgb(0xFFFFFF00), kVerde = ColoreArgb(0xFFADFF2F),
                        kArancio = ColoreArgb(0xFFFFA500), kRossoBulloni = ColoreArgb(0xFFFF0000);
-// Kept on purpose: the end caps of all but the beams carry this value, which is no ARGB colour.
+// End caps of all but the beams: no ARGB colour. The viewer paints a piece with that of its sides.
 constexpr std::int32_t kTappo = 1;
 constexpr short kTipoEstruso = 1;
 
@@ -151,7 +151,8 @@ struct Montaggio {
             sezione = Fissa(SezioneQuadrilatero(s, {{{0.0, 0.0}, {B, 0.0}, {B, -H2}, {0.0, -H1}}},
                                                 0, descri, p));
         }
-        // Kept on purpose: "Nerv1" has no underscore, "Nerv_2" has.
+        // By these names other programs find the ribs: without an underscore the upper one, with
+        // one the lower.
         Aggiungi(Oggetto(sopra ? "Nerv1" : "Nerv_2"), sezione, {x, -sp / 2.0, z}, {x, sp / 2.0, z},
                  0.0, kVerde, kTappo);
 
@@ -230,7 +231,9 @@ struct Montaggio {
     void Bulloni(short quanti, const Tabella& X, const Tabella& Y, const Tabella& Fi,
                  const char* nome) {
         constexpr double boltOrigineY = 0.0;
-        // Kept on purpose: half of plate 2, while Y counts from the lower end of plate 1.
+        // Half of plate 2, while Y counts from the lower end of plate 1: with plates of different
+        // height the scene's bolts stand off by half of the difference, and solids and drawings,
+        // which are measured, do not use them.
         const double boltOrigineZ = -n.HPiastra(2) / 2.0;
         for (int i = 1; i <= quanti; ++i) {
             const Punto3 p1 = {xTraSec(), X(i) + boltOrigineY, Y(i) + boltOrigineZ};

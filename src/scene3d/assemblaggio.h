@@ -20,9 +20,9 @@ using LunghezzeCordoni = Tab1<double, 0, 14>;
 //   Degenerate  any failure (a full table, a size that is none) is told in a box; the scene is then
 //               empty, its header that of "non_definito", and the result false. A weld line without
 //               length is left out.
-// Kept on purpose: the names "Nerv1" and "Nerv_2"; 1 as the colour of end caps; bolts stand at
-// Ybull - HPiastra(2)/2, although Ybull counts from the lower end of plate 1 (at the true height
-// only when both plates are equally high: see AltezzaVeraBullone).
+// Programs that read scenes know the ribs by "Nerv1" and "Nerv_2". Bolts stand at Ybull -
+// HPiastra(2)/2, although Ybull counts from the lower end of plate 1 (at the true height only when
+// both plates are equally high: see AltezzaVeraBullone).
 //
 // Each weld is a quarter circle with its flat sides on the two parts that it joins:
 //     sald_trave_1, _2        s10, s10'   outer face of the upper flange; halves of s10 without rib

@@ -8,7 +8,6 @@
 #include <thread>
 
 #include "base/chiavi.h"
-#include "base/errore.h"
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "scene3d/campi_scena.h"
@@ -94,17 +93,11 @@ class Lettore {
     std::string Valore() {
         SaltaVuote();
         if (i_ >= righe_.size()) Rifiuta("file troncato");
-        std::string valore;
-        std::vector<short> resto;
-        bool trovata = false;
-        try {
-            trovata = LeggiChiave(RigaChiave(righe_[i_]), Minuscolo(chiave_), valore, resto);
-        } catch (const ErroreFatale&) {  // a further index without bounds
-        }
-        if (!trovata || !resto.empty()) Rifiuta("attesa questa chiave");
+        auto v = LeggiChiave(RigaChiave(righe_[i_]), Minuscolo(chiave_));
+        if (!v || !v->guasto.empty() || !v->indici.empty()) Rifiuta("attesa questa chiave");
         ++i_;
         consumata_ = true;
-        return valore;
+        return std::move(v->valore);
     }
     double Reale(const std::string& t) const {
         const auto x = ValoreStretto(t);

@@ -6,6 +6,7 @@
 #include "base/file_testo.h"
 #include "base/testo.h"
 #include "bolting/proposte.h"
+#include "joint/campi_nodo.h"
 #include "joint/controlla_dati.h"
 #include "joint/tabella_carichi.h"
 #include "session/disegno.h"
@@ -43,7 +44,8 @@ void SalvaConNome(Sessione& s) {
     if (DatiErrati(s)) return;
     RichiestaFile r;
     r.modo = ModoFile::salva;
-    r.estensione = "tk17";  // Kept on purpose: the default extension of this dialog.
+    r.estensione =
+        "tk17";  // a name without one becomes NAME.tk17; the window tells which file it wrote
     r.filtro = kFiltroNodo;
     r.direttorio = PercorsoMostrato(s.dir.dirLavoro);
     r.chiediSovrascrittura = true;
@@ -197,11 +199,8 @@ double FattoreAzione(const Sessione& s, const AzioneSestetto& a) {
 
 // TbValuta: takes the field's text into the joint.
 void Valuta(Sessione& s, const NomeControllo& nome, const std::string& testo) {
-    if (!MettiCampo(s, nome, testo, s.nodo)) {
-        MostraAvviso(s.piattaforma,
-                     "Unità di misura sconosciuta in parametrilavoro: il valore non può essere "
-                     "convertito.");
-    }
+    const std::string rifiuto = MettiCampo(s, nome, testo, s.nodo);
+    if (!rifiuto.empty()) MostraAvviso(s.piattaforma, rifiuto);
     s.RisultatiValidi = false;
     if (CampoGeometria(s.nodo, nome.base, nome.indice) != nullptr) AggiornaVista3D(s);
     pnn1_aggiorna_NervaturePiastre(s);
@@ -231,7 +230,8 @@ void VoceScelta(Sessione& s, const std::string& nome, int indice) {
         pnn1_aggiorna_profili(s, 1, 1);
         AggiornaVista3D(s);
     } else if (nome == "Cb_Acciaio") {
-        // Kept on purpose: the position in the filtered list is taken as the row of the table.
+        // The position in the list is the row of the table as long as the method can use every
+        // steel; behind one that it cannot, the steel taken is the one whose data the panel shows.
         n.acciaio = s.mat.AcciaiAperte(indice + 1);
         pnn1_aggiorna_materiali(s);
     } else if (nome == "Cviti") {
@@ -339,26 +339,34 @@ void Voce(Sessione& s, const NomeControllo& n, int indice) { VoceScelta(s, n.bas
 
 }  // namespace
 
-bool MettiCampo(const Sessione& s, const NomeControllo& nome, const std::string& testo, Nodo& n) {
+std::string MettiCampo(const Sessione& s, const NomeControllo& nome, const std::string& testo,
+                       Nodo& n) {
     const double valore = ValoreIniziale(testo);
     if (double* x = CampoGeometria(n, nome.base, nome.indice); x != nullptr) {
         *x = valore;
-        return true;
+        return {};
     }
     if (nome.base == "Tb_sol_descr") {
         std::string& descrizione = n.NomeSa(SestettoDellaRiga(s, nome.indice));
+        const std::string perche = TestoRifiutato(testo);
+        if (!perche.empty()) return "Descrizione non accettata: " + perche + ".";
         if (Taglia(testo) != Taglia(descrizione)) descrizione = testo;
-        return true;
+        return {};
     }
     const AzioneSestetto a = CampoAzione(nome.base);
-    if (a.tabella == nullptr) return true;
+    if (a.tabella == nullptr) return {};
     double& memorizzato = (n.*a.tabella)(SestettoDellaRiga(s, nome.indice));
-    // Kept on purpose: the value as shown is compared with the stored one, unconverted.
-    if (!(std::fabs(memorizzato - valore) > 0.0001)) return true;
+    // A field that is left as it was shown must not round what is stored. The comparison is between
+    // the number shown and the stored daN or daN cm: in other units a value equal to the stored
+    // number counts as unchanged.
+    if (!(std::fabs(memorizzato - valore) > 0.0001)) return {};
     const double fattore = FattoreAzione(s, a);
-    if (fattore == 0.0) return false;
+    if (fattore == 0.0) {
+        return "Unità di misura sconosciuta in parametrilavoro: il valore non può essere "
+               "convertito.";
+    }
     memorizzato = valore / fattore;
-    return true;
+    return {};
 }
 
 const GestorePannello kGestoreInsDati = {

@@ -62,7 +62,8 @@ void Gen_Dis(Sessione& s) {
     if (scelto->filtro == 1) {
         GeneraGrb(s.nodo, s.opz, scelto->percorso, false, s.piattaforma);
     } else {
-        // Kept on purpose: the second filter, *.dis, yields a DXF text as the third does.
+        // The second filter, *.dis, yields a DXF text as the third does: a DIS is written for the
+        // viewer only.
         GeneraFileDisegno(s, scelto->percorso, "DXF", false);
     }
     s.piattaforma.puntatore(0);

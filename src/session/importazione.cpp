@@ -59,12 +59,8 @@ std::string AnteprimaImportazione(const Sessione& s, const TestiImportazione& t,
     const RichiestaImport richiesta{
         t.nodi,       t.aste,     t.casi,
         t.condizioni, t.sestetti, maxMin ? ModoImport::massimiMinimi : ModoImport::tutti};
-    try {
-        if (ImportaSollecitazioni(s.dir.dirLavoro, richiesta, *prova, muta) != EsitoImport::bene) {
-            return testo + "L'importazione non è possibile: " + perche + "\n";
-        }
-    } catch (const ErroreFatale& e) {
-        return testo + "L'importazione non è possibile: " + e.what() + "\n";
+    if (ImportaSollecitazioni(s.dir.dirLavoro, richiesta, *prova, muta) != EsitoImport::bene) {
+        return testo + "L'importazione non è possibile: " + perche + "\n";
     }
     const int primo = maxMin ? 0 : s.nodo.nSollAg, quanti = prova->nSollAg - primo;
     if (const std::string avviso = AvvisoAstaAssente(s, t); !avviso.empty()) {

@@ -239,21 +239,15 @@ void TimerScattato(Sessione& s, const std::string& nome) {
 }  // namespace
 
 bool BulloniOltreIlMassimo(const Sessione& s, const std::string& pulsante) {
-    BulloniTemp prova = s.bulloni;
-    try {
-        if (pulsante == "Singolo") AggiungiSingolo(prova);
-        // The distance does not count: as many copies as bolts selected.
-        if (pulsante == "Bul_copiaX" || pulsante == "Bul_copiaY") {
-            CopiaSelezionati(prova, Asse::X, 0.0);
-        }
-        if (pulsante == "Proponi") {
-            Proponi(s.nodo, s.opz, ValoreIniziale(s.FormBulloni["DiamProponi"].testo), prova,
-                    PiattaformaMuta());
-        }
-    } catch (const ErroreFatale&) {
-        return true;
+    if (pulsante == "Singolo") return !CePosto(s.bulloni, 1);
+    if (pulsante == "Bul_copiaX" || pulsante == "Bul_copiaY") {
+        return !CePosto(s.bulloni, QuantiSelezionati(s.bulloni));
     }
-    return false;
+    if (pulsante != "Proponi") return false;
+    const auto diametro = NumeroIniziale(s.FormBulloni["DiamProponi"].testo);
+    BulloniTemp prova = s.bulloni;
+    return !diametro ||
+           !ProvaProponi(s.nodo, s.opz, *diametro, prova, PiattaformaMuta()).guasto.empty();
 }
 
 const GestorePannello kGestoreFormBulloni = {

@@ -22,9 +22,10 @@ struct Sessione;
 struct NomeControllo;
 // Takes the text of a field of the main panel into `nodo`, as leaving the field does: the session's
 // joint, or a copy that shows what the text would do. The load set of a row is the one that the
-// panel shows there. False when the work units cannot convert the value; nothing has changed then.
-bool MettiCampo(const Sessione& s, const NomeControllo& campo, const std::string& testo,
-                Nodo& nodo);
+// panel shows there. Returns why the text cannot be taken (work units that cannot convert it, a
+// description that cannot stand in a joint file); nothing has changed then. Empty when it was.
+std::string MettiCampo(const Sessione& s, const NomeControllo& campo, const std::string& testo,
+                       Nodo& nodo);
 // The unit converter on a load field: waits for it and puts its answer into the field.
 void ChiamaConversione(Sessione& s, const NomeControllo& campo);
 

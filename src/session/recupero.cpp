@@ -100,10 +100,7 @@ std::vector<CopiaTrovata> TrovaCopie(const Sessione& s) {
         c.istante = st.st_mtime;
         c.data = DataDi(st.st_mtime);
         const auto nodo = std::make_unique<Nodo>();
-        try {
-            c.leggibile = LeggiFileNodo(*nodo, c.percorso, PiattaformaMuta());
-        } catch (const ErroreFatale&) {  // a copy that is damaged is listed as such
-        }
+        c.leggibile = !ProvaFileNodo(*nodo, c.percorso);  // a damaged copy is listed as such
         c.riassunto = c.leggibile ? RiassuntoNodo(*nodo) : "non leggibile";
         trovate.push_back(c);
     }

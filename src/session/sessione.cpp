@@ -51,15 +51,45 @@ std::string ComponiTitolo(const std::string& direttorio, const std::string& file
     return PercorsoMostrato(t);
 }
 
+namespace {
+
+// What the file calls sections, steel and bolts, for names that the libraries lack.
+std::vector<NomeAssente> NomiSenzaRecord(const Sessione& s, const Nodo& n) {
+    std::vector<NomeAssente> assenti;
+    const auto guarda = [&](const char* chiave, const std::string& nome, int indice) {
+        if (indice == 0 && !Taglia(nome).empty()) assenti.push_back({chiave, nome, {}});
+    };
+    guarda("TraPri_Nome", n.TraPri.Nome, IndiceProfilo(s.profili, n.TraPri.Nome));
+    guarda("TraSec_Nome", n.TraSec.Nome, IndiceProfilo(s.profili, n.TraSec.Nome));
+    guarda("acciaio_Nome", n.acciaio.Nome, IndiceAcciaio(s.mat, n.acciaio.Nome));
+    if (s.mat.MostraBulloni) guarda("vite_Nome", n.vite.Nome, IndiceVite(s.mat, n.vite.Nome));
+    return assenti;
+}
+
+// And what stands for them.
+void ScriviUsati(Nodo& n) {
+    for (NomeAssente& a : n.NomiAssenti) {
+        a.usato = a.chiave == "TraPri_Nome"    ? n.TraPri.Nome
+                  : a.chiave == "TraSec_Nome"  ? n.TraSec.Nome
+                  : a.chiave == "acciaio_Nome" ? n.acciaio.Nome
+                                               : n.vite.Nome;
+    }
+}
+
+}  // namespace
+
 bool ApriNodo(Sessione& s, const std::string& percorso) {
     double releaseArgano = 0.0, releaseFile = 0.0;
     if (!LeggiRelease(percorso, releaseArgano, releaseFile, true, s.piattaforma)) return false;
     s.ultimaLettura = NoteLettura{};
     if (releaseFile < 1.0) {
         if (!LeggiFileNodoVecchio(s.nodo, percorso, s.piattaforma, &s.ultimaLettura)) return false;
+        s.nodo.NomiAssenti = NomiSenzaRecord(s, s.nodo);
         ControllaMateriali(s);
     } else if (!LeggiFileNodo(s.nodo, percorso, s.piattaforma, &s.ultimaLettura)) {
         return false;
+    } else {
+        s.nodo.NomiAssenti = NomiSenzaRecord(s, s.nodo);
     }
     s.RisultatiValidi = false;
     s.nomeFile = NomeBase(percorso);
@@ -82,6 +112,7 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
         n.acciaio = s.mat.AcciaiAperte(i);
     if (const int i = IndiceVite(s.mat, n.vite.Nome); i > 0) n.vite = s.mat.Viti(i);
     ControllaMateriali(s);
+    ScriviUsati(n);
     // A bolt panel left open holds a copy of the other joint's bolts.
     ChiudiPannello(s, kGestoreFormBulloni);
     AggiornaTutto(s);

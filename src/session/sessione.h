@@ -68,7 +68,8 @@ struct Sessione {
 // path, and the session ends with exit code 70. Returns false then.
 bool EseguiComando(Sessione& s, const std::function<void()>& comando);
 
-// Start-up in its fixed order. False when the program must end; the reason was told. To be run
+// Start-up: directories, units, libraries, options, default joint, panel, each from those before.
+// False when the program must end; the reason was told. To be run
 // inside EseguiComando.
 bool Avvia(Sessione& s, const Avvio& avvio);
 

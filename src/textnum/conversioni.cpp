@@ -10,10 +10,12 @@ namespace {
 
 // Key, factor, shift of decimals. The factors follow from 1 kgf = 9.80665 N, 1 daN = 10 N,
 // 1 in = 2.54 cm (in some rows its long form 2.539999983236), 1 ft = 30.48 cm, 1 lbf = 0.45359243
-// kgf and 1 atm = 1/0.96784 kgf/cm2. Kept on purpose: cm/s to ft/s with 0.03288399; the sign of the
-// shift in the rows mn/m2, mpa, mn/cm3, kgf/cm3_mn/cm3, dan/cm3_mn/cm3, dan/cm3_kgf/m3 and
-// kgf/m3_dan/cm3; four keys twice (the second is never reached); pairs that exist one way only.
-// Other programs rely on these values.
+// kgf and 1 atm = 1/0.96784 kgf/cm2. Masks and files of the suite's other programs are written with
+// these rows, and would read back differently with others. To know: cm/s to ft/s has 0.03288399, so
+// that there and back is not the same number; in the rows mn/m2, mpa, mn/cm3, kgf/cm3_mn/cm3,
+// dan/cm3_mn/cm3, dan/cm3_kgf/m3 and kgf/m3_dan/cm3 the sign of the shift shows more or fewer
+// decimals than the factor calls for; of four keys that stand twice the first is found; some pairs
+// exist one way only.
 constexpr RigaConversione kTabella[] = {
     // lengths, areas, volumes, second moments of area
     {"(cu_m_cm)", 100.0, -2},

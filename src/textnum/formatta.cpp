@@ -261,7 +261,7 @@ std::string Formatta(double valore, std::string_view comando, double fattore,
         if (*c.decimali < 0) return errore("comando (cd_nn) errato.");
         x = Arrotonda(x, *c.decimali);
         if (const auto z = Trova(cmd, "(zr_")) {
-            // Taken from the command as given: the fill keeps its case.
+            // From the command before it was put in lower case: the fill keeps its case.
             const std::size_t q = Minuscolo(comando).find("(zr_");
             riempi = PrimiCaratteri(comando.substr(std::min(q + 4, comando.size())), 1);
             if (riempi.empty()) riempi = " ";

@@ -16,9 +16,9 @@ struct GeometriaVerifica {
 };
 GeometriaVerifica PreparaGeometria(const Nodo& nodo);
 
-// Whether the moment of the transport to the bolt plane counts for load set s. Kept on purpose: the
-// test looks at Mz and Ty alone and decides for both moments; where the transport does not reverse
-// the sign of Mz it is left out.
+// Whether the moment of the transport to the bolt plane counts for load set s. The test
+// looks at Mz and Ty alone and decides for both moments; where the transport does not reverse the
+// sign of Mz it is left out, so that moments are to be given as they act in the bolt plane.
 bool Trasporta(const Nodo& nodo, int s, double distAzioni);
 
 // The solver's input, completed: contact rectangle of the two plates, bolts as bars, moments about

@@ -19,9 +19,10 @@ Strisce StrisceDi(const Nodo& nodo);
 //   Writes      ris.SigPiastra2 [daN/mm2], never negative; ris.MPiastra2 [daN mm]
 //   Degenerate  a strip without height gives nothing; actions beyond the range of numbers: false
 //               after a box; GrandezzaNulla for a section without resistance
-// Kept on purpose: a bolt whose Sigma rounds to 0 is left out of the bending moment; the width of
-// the section is the beam's flange, not the plate's; the T section takes no own inertia of the rib
-// and its second fibre lies at the face of the plate that meets the rib.
+// A bolt whose Sigma rounds to 0 daN/mm2 is left out of the bending moment, so that the moment has
+// a step where bolts are hardly pulled. The section is as wide as the beam's flange, on the safe
+// side of a wider plate. The T section takes no own inertia of the rib (safe side), and its second
+// fibre lies at the face of the plate that meets the rib, not at the far one.
 bool VerificaPiastra(const Nodo& nodo, const GeometriaVerifica& geo, const Strisce& strisce,
                      Risultati& ris, const Piattaforma& p);
 

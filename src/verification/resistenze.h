@@ -8,7 +8,8 @@
 namespace tk07 {
 
 // Bearing coefficients of one bolt: k from the horizontal direction, alfa from the vertical one,
-// whatever the direction of the shear. Kept on purpose.
+// whatever the direction of the shear: with a prevailing vertical shear the bearing resistance is
+// to be read again by hand.
 struct CoefficientiRifollamento {
     double k = 0.0, alfa = 0.0;
 };

@@ -25,7 +25,7 @@ bool PiastraSporge(const Nodo& nodo, int k);
 struct GruppoS1 {
     double b = 0.0;  // throat, leg / sqrt(2)
     double A = 0.0, yG = 0.0, xG = 0.0, Ix = 0.0, Iy = 0.0;
-    double J = 0.0;             // torsion stiffness: sum of length b^3 / 3, kept on purpose
+    double J = 0.0;             // torsion stiffness: sum of length b^3 / 3, of separate strips
     double Av = 0.0, Ah = 0.0;  // vertical and horizontal areas, for shear
 };
 GruppoS1 ProprietaS1(const Nodo& nodo, const Risultati& ris);

@@ -403,6 +403,9 @@ TEST(Gui, CopiaEIncollaCarichi) {
         {"C\t1,5\t2.25\n",
          "Riga 1, colonna 3: \"2.25\" ha il punto, altri numeri la virgola. Niente è stato "
          "incollato."},
+        {"C\t1\nInviluppo [TaglioY]\t2\n",
+         "Riga 2: \"[TaglioY\" in un testo è una chiave del file di nodo: alla rilettura ne "
+         "cambierebbe il valore. Niente è stato incollato."},
         {"C\t1\t2\t3\t4\t5\t6\t0\t9\n",
          "Le colonne incollate sono 9, da qui in poi la tabella ne ha 8. Niente è stato "
          "incollato."},

@@ -135,7 +135,7 @@ def gruppo_S2(nodo: Nodo, LS: dict) -> Gruppo:
     xG3 = diviso(n.Sy, n.A)
     g.proprieta = {
         "b": b, "A": g.A, "xG": 0.0,
-        # Kept on purpose: the level of the secondary's axis seen from the primary's, no centroid.
+        # The secondary's axis seen from the primary's, where N acts: no centroid of the welds.
         "yG": -(P.H / 2 - nodo.distAliPriSec - nodo.TraSec.H / 2),
         "Ix": g.Ix0, "Iy": g.Iy0, "J2": (2 * LS[4] + 2 * LS[8] + 2 * LS[9]) * b**3 / 3,
         "Av2": 2 * LS[4] * b, "Ah2": 2 * (LS[8] + LS[9]) * b,
@@ -265,7 +265,7 @@ def tensioni_S2(nodo: Nodo, s: int, g: Gruppo, LS: dict, trasporta: bool):
     N, Ty, Tz = nodo.SforzoNormale[s], nodo.TaglioY[s], nodo.TaglioZ[s]
     braccio = P.B / 2 + nodo.distPiastraTraPri - nodo.SpPiastra[1]
     d = braccio if trasporta else 0.0
-    # Kept on purpose: here the moments enter as stored, without the factor 10 of daN cm to daN mm.
+    # The moments enter in daN cm beside forces in daN and arms in mm: a moment counts for a tenth.
     F1 = nodo.MomZ[s] - d * Ty + N * p["yG"]
     F2 = nodo.MomY[s] - d * Tz
     linee = estremi_S2(nodo, LS)

@@ -33,8 +33,8 @@ def area_resistente(d: float) -> float:
 def trasporta(nodo: Nodo, s: int) -> bool:
     """Whether the shears' moment of transport enters load set s.
 
-    Kept on purpose: only Mz and Ty are looked at, and the moments stay without transport whenever
-    the transport does not turn the sign of Mz.
+    Mz and Ty alone decide for all moments, which stay without transport whenever it would not turn
+    the sign of Mz.
     """
     return (10 * nodo.MomZ[s] - nodo.distAzioni * nodo.TaglioY[s]) * nodo.MomZ[s] <= 0.0
 
@@ -134,7 +134,7 @@ def resistenze(nodo: Nodo) -> dict:
     t = min(nodo.SpPiastra[1], nodo.SpPiastra[2])
     spessa = max(nodo.SpPiastra[1], nodo.SpPiastra[2]) > 40.0
     Ftk = acc.Ftk80 if spessa else acc.Ftk40
-    rapporto = vite.FtVite / acc.Ftk40         # Kept on purpose: always the thin plate's strength.
+    rapporto = vite.FtVite / acc.Ftk40         # The strength up to 40 mm, in thicker plates too.
     xMin, xMax, yMin, yMax = nodo.contatto
     numeri = range(1, nodo.nBull + 1)
     ris = {n: [] for n in ("Fv_Rd", "Fb_Rd", "Ft_Rd", "Bp_Rd", "k", "alfa", "posto_x", "posto_y")}
@@ -182,19 +182,19 @@ def coefficienti(Fv: float, Ft_segno: float, Fv_Rd, Fb_Rd, Ft_Rd, Bp_Rd):
         Co1 = taglio + Ft / 1.4 / min(Ft_Rd, Bp_Rd)
     else:
         Co1 = 100.0
-    return Co1, tira                    # Kept on purpose: compression counts in the second one too.
+    return Co1, tira                    # Compression counts in the second one too.
 
 
 # --------------------------------------------------------------------------- plate 2
 
 def sezione_piastra(nodo: Nodo, k: int) -> dict:
     """Section of the overhang of plate 2 at rib k: plate alone, or a T with the rib."""
-    B, t = nodo.TraSec.B, nodo.SpPiastra[2]       # Kept on purpose: the flange's width, not the plate's.
+    B, t = nodo.TraSec.B, nodo.SpPiastra[2]       # The flange's width, not the plate's.
     if not nodo.AttNerv[k]:
         return {"T": False, "W": B * t**2 / 6, "per_M": 6 / (B * t**2)}
     b, a = nodo.BNerv[k], nodo.SpNerv[k]
     yG = (B * t * t / 2 + b * a * (t + b / 2)) / (B * t + b * a)
-    # Kept on purpose: no own inertia of the rib, and the inner fibre is the face at yG - t.
+    # The rib enters with its area alone, without b^3 a/12; the inner fibre is the face at yG - t.
     I = B * t**3 / 12 + B * t * (yG - t / 2) ** 2 + b * a * (yG - t - b / 2) ** 2
     return {"T": True, "yG": yG, "I": I, "per_M": max(abs(b + t - yG), abs(yG - t)) / I}
 
@@ -220,7 +220,7 @@ def flessione_piastra(nodo: Nodo, contatto: Contatto, p: dict, piano) -> dict:
             spazio = margine(p, (nodo.Ybull[i], nodo.Xbull[i], 1.0))
             if abs(abs(sigma) - 0.5) <= spazio + 1e-9:
                 esito["incerto"] = True
-            # Kept on purpose: a bolt whose stress rounds to 0 daN/mm2 is left out.
+            # A bolt whose stress rounds to 0 daN/mm2 pulls nothing and is left out.
             if round(sigma) == 0:
                 continue
             contati.append(i)
@@ -449,7 +449,7 @@ def _sestetto(nodo, s, slu, contatto, gruppo, res, S1, S2, lungh) -> dict:
                 g.non_oltre(math.sqrt(P[m] ** 2 + Tau_pa[m] ** 2 + Tau_pe[m] ** 2), L["b1"] * L["a"])
                 g.non_oltre(P[m] + abs(Tau_pe[m]), L["b2"] * L["a"])
                 g.non_oltre(P[m], L["b1"] * L["a"])
-                # Kept on purpose: the two shears are compared with their sign.
+                # The two shears are compared with their sign: a negative one always passes.
                 g.non_oltre(Tau_pa[m], L["b1"] * L["a"])
                 g.non_oltre(Tau_pe[m], L["b1"] * L["a"])
     if piastra["incerto"]:

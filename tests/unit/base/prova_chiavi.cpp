@@ -43,22 +43,21 @@ TEST(LeggiChiave, FindsTheKeyWhateverItsCaseAndPlace) {
         {"1 [k 1.5 2.5x due]", "k", true, "1", {2, 2, 0}},
         {"1 [k 1 2 3 4 5 6 7 8 9 10 11 12]", "k", true, "1", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}}};
     for (const Caso& c : casi) {
-        std::string valore;
-        std::vector<short> indici;
-        ASSERT_EQ(LeggiChiave(RigaChiave(c.riga), c.chiave, valore, indici), c.trovata) << c.riga;
+        const auto v = LeggiChiave(RigaChiave(c.riga), c.chiave);
+        ASSERT_EQ(v.has_value(), c.trovata) << c.riga;
         if (!c.trovata) continue;
-        EXPECT_EQ(valore, c.valore) << c.riga;
-        EXPECT_EQ(indici, c.indici) << c.riga;
+        EXPECT_EQ(v->valore, c.valore) << c.riga;
+        EXPECT_EQ(v->indici, c.indici) << c.riga;
+        EXPECT_TRUE(v->guasto.empty()) << c.riga;
     }
-    std::string valore;
-    std::vector<short> indici;
-    EXPECT_THROW(LeggiChiave(RigaChiave("1 [k 40000]"), "k", valore, indici), ErroreFatale);
+    EXPECT_FALSE(LeggiChiave(RigaChiave("1 [k 40000]"), "k")->guasto.empty());
     // written and read again
     for (const char* v : {"", "-.5", "Vento [da nord] perché", "x|y\tz"}) {
         const std::string riga = ScriviChiave(v, "NomeSa 12");
-        ASSERT_TRUE(LeggiChiave(RigaChiave(riga), "nomesa", valore, indici)) << riga;
-        EXPECT_EQ(valore, v);
-        EXPECT_EQ(indici, std::vector<short>{12});
+        const auto letta = LeggiChiave(RigaChiave(riga), "nomesa");
+        ASSERT_TRUE(letta) << riga;
+        EXPECT_EQ(letta->valore, v);
+        EXPECT_EQ(letta->indici, std::vector<short>{12});
     }
 }
 

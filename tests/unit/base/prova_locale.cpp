@@ -15,8 +15,7 @@ TEST(Locale, NumbersKeepThePointUnderADecimalComma) {
     char buf[32];
     std::snprintf(buf, sizeof buf, "%.1f", 1.5);
     const char* voluto = std::getenv("LC_ALL");
-    if (voluto != nullptr && std::string(voluto).rfind("it_IT", 0) == 0 &&
-        std::setlocale(LC_ALL, nullptr) != std::string("C")) {
+    if (voluto != nullptr && std::string(voluto).rfind("it_IT", 0) == 0) {
         EXPECT_STREQ(buf, "1,5") << "the Italian locale is not in force";
     }
     EXPECT_EQ(TestoReale(1234.5), "1234.5");

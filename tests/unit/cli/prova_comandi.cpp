@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "aiuti/prova.h"
+#include "base/file_testo.h"
 #include "base/testo.h"
 #include "unit/joint/confronto.h"
 
@@ -255,9 +256,11 @@ TEST(Comandi, WrongUseIs2AndHelpIs0) {
                              "\n0                                       [nSollAg]");
     prova::ScriviTesto(t.Esempio("vuoto"), vuoto);
     const Uscita u = t.Esegui("verifica " + t.Esempio("vuoto"));
-    EXPECT_TRUE(u.codice == 0 && Contiene(u.testo, "NESSUN SESTETTO") &&
+    EXPECT_TRUE(u.codice == 3 && Contiene(u.testo, "NESSUN SESTETTO") &&
                 !Contiene(u.testo, "VERIFICATO"))
         << u.testo;
+    const Json j = Json::parse(t.Esegui("verifica --json " + t.Esempio("vuoto")).testo);
+    EXPECT_TRUE(j["verificato"].is_null() && !j["interrotta"] && !j["relazione"].is_null()) << j;
     // the marked field, in capitals, on a root whose name is found whatever its case
     std::string uscita;
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA " '|DIROOT=" + Maiuscolo(t.radice) + "|' verifica " +
@@ -337,7 +340,7 @@ TEST(Comandi, WhatStandsInForTheFilesNamesIsTold) {
     };
     const Uscita nessuno = conRiga("3                                       [nSollAg]",
                                    "0                                       [nSollAg]");
-    EXPECT_EQ(nessuno.codice, 0);
+    EXPECT_EQ(nessuno.codice, 3);
     EXPECT_TRUE(Contiene(nessuno.testo, "NESSUN SESTETTO DI SOLLECITAZIONI"));
     EXPECT_FALSE(Contiene(nessuno.testo, "NODO VERIFICATO"));
     EXPECT_TRUE(Contiene(conRiga("S 235 (FE 360) ", "S 275 ").errori,
@@ -360,6 +363,47 @@ TEST(Comandi, WhatStandsInForTheFilesNamesIsTold) {
         t.Esegui("disegna " + t.Esempio(kVerificato) + " -o " + (t.cartella / "c.dxf").string());
     EXPECT_EQ(colore.codice, 70);
     EXPECT_TRUE(Contiene(colore.errori, "OpzioniNodi.txt, riga 10, opzione \"Colore dei contorni"));
+}
+
+// What a command that writes a joint would lose, or read back as something else, it refuses.
+TEST(Comandi, WhatWouldBeLostOrReadBackWronglyIsNotWritten) {
+    const Riga t;
+    const std::string testo = prova::LeggiTesto(t.Esempio(kVerificato));
+    const std::string file = (t.cartella / "nodo.tk7").string(),
+                      uscita = (t.cartella / "uscita.tk7").string();
+    struct Caso {
+        const char *da, *a;  // in the joint file
+        std::string comando;
+        int codice;
+        const char* detto;  // on standard error
+    };
+    const char* sestetto = " --aggiungi 1,2,3,4,5,6";
+    const Caso casi[] = {
+        {"IPE160 ", "IPE161 ", std::string("carichi FILE") + sestetto, 2, "TraSec_Nome \"IPE161\""},
+        {"IPE270 ", "IPE271 ", "importa FILE --nodi 1 --aste 1 --casi 1", 2,
+         "TraPri_Nome \"IPE271\""},
+        {"S 235 (FE 360) ", "S 999 ", "proponi FILE --piastre", 2, "acciaio_Nome \"S 999\""},
+        {"8.8 ", "9.9 ", "proponi FILE --piastre", 2, "vite_Nome \"9.9\""},
+        {"", "", "carichi FILE --aggiungi '1,2,3,4,5,6,Inviluppo [TaglioY]'", 2, "\"[TaglioY\""},
+        {"", "", "carichi FILE --aggiungi '1,2,3,4,5,6,99 [nBull]'", 2, "\"[nBull\""},
+        // the decimal sign is the point, whatever the user's locale
+        {"", "", "proponi FILE --bulloni 12,5", 2, "--bulloni"},
+        {"", "", "proponi FILE --bulloni 12.5", 0, ""},
+        // told, and read as far as it can be
+        {"[nBull]", "[nBull]\n-5 [nBull]", std::string("carichi FILE") + sestetto, 0,
+         ", chiave nBull: "},
+        {"[spSaldS1]", "[spSaldS1]\n1,5 [spSaldS2]", std::string("carichi FILE") + sestetto, 0,
+         ", chiave spSaldS2: \"1,5\""},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.comando + " " + c.a);
+        prova::ScriviTesto(file, SostituisciTesto(testo, c.da, c.a));
+        const Uscita u = t.Esegui(SostituisciTesto(c.comando, "FILE", file) + " -o " + uscita);
+        EXPECT_EQ(u.codice, c.codice) << u.errori;
+        EXPECT_TRUE(Contiene(u.errori, c.detto)) << u.errori;
+        EXPECT_EQ(EsisteFile(uscita), c.codice == 0);
+        EliminaFile(uscita);
+    }
 }
 
 // Whatever bytes a joint file is damaged in: it is read, refused, or ends in the fatal fault.

@@ -90,7 +90,7 @@ TEST(Archivio, MergingLeavesTheEndOfAnArc) {
     d.linee.push_back({0, 1, 1, 0});
     PulisciDisegno(d);
     EXPECT_EQ(d.archi[0].arcoIni, 0);
-    EXPECT_EQ(d.archi[0].arcoFin, 2) << "kept on purpose";
+    EXPECT_EQ(d.archi[0].arcoFin, 2) << "the end of an arc is not remapped";
     EXPECT_EQ(d.coordX.size(), 3u);
 }
 

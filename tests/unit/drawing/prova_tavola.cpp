@@ -178,13 +178,14 @@ TEST_F(Tavola, RandomJointsReadWell) {
             righe{0.0, n.HPiastra(1)};
         for (int i = 1; i <= n.nBull; ++i) {
             bulloni.insert(n.Fibull(i));
-            fori.insert(n.Fibull(i) + s().opz.ValOpz(5));
+            fori.insert(n.Fibull(i) + s().opz.ValOpz(kOpzTollForo));
             colonne.insert(n.Xbull(i));
             righe.insert(n.Ybull(i));
         }
         std::multiset<double> inBB;
         for (const CerchioFig& c : viste["SEZIONE BB"].cerchi) {
-            if (c.a1 == c.a2 && c.colore == s().opz.ValOpz(0)) inBB.insert(c.diametro);
+            if (c.a1 == c.a2 && c.colore == s().opz.ValOpz(kOpzColoreContorno))
+                inBB.insert(c.diametro);
         }
         EXPECT_EQ(inBB, bulloni);
         for (const char* piastra : {"PIASTRA 1", "PIASTRA 2"}) {

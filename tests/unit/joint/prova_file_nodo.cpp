@@ -15,6 +15,7 @@
 
 #include "aiuti/prova.h"
 #include "base/errore.h"
+#include "base/file_testo.h"
 #include "base/testo.h"
 #include "joint/campi_nodo.h"
 #include "joint/file_nodo.h"
@@ -49,11 +50,11 @@ struct Banco {
     prova::Porta porta;
     std::string file = (cartella / "nodo.tk7").string();
     // Reads lines behind the stamp line into `n`.
-    bool Leggi(Nodo& n, const Righe& righe, const char* fine = "\n") {
+    bool Leggi(Nodo& n, const Righe& righe, const char* fine = "\n", NoteLettura* note = nullptr) {
         std::string t = std::string(kTestata) + fine;
         for (const std::string& r : righe) t += r + fine;
         prova::ScriviTesto(file, t);
-        return LeggiFileNodo(n, file, porta.Fai());
+        return LeggiFileNodo(n, file, porta.Fai(), note);
     }
     bool Scrivi(const Nodo& n) { return ScriviFileNodo(n, file, porta.Fai()); }
 };
@@ -89,8 +90,7 @@ std::unique_ptr<Nodo> NodoCasuale(std::mt19937_64& g) {
                 c.metti(*n, i,
                         c.tipo == TipoCampo::testo   ? testo()
                         : c.tipo == TipoCampo::reale ? reale()
-                                                     : std::to_string(fino(1)),
-                        "");
+                                                     : std::to_string(fino(1)));
             }
         }
     }
@@ -201,6 +201,63 @@ TEST(FileNodo, WhatTheArraysCannotHoldIsFatalAndChangesNothing) {
             }
         }
         EXPECT_TRUE(Uguali(*n, *Memoria())) << riga;
+    }
+}
+
+// Line, key and reason of what is not taken as it is written; a joint with no such line has none.
+TEST(FileNodo, ValuesThatAreNoNumbersAndCountsBelowZeroAreToldAndReadLeniently) {
+    Banco b;
+    const auto n = Memoria();
+    NoteLettura note;
+    ASSERT_TRUE(b.Leggi(*n,
+                        {"nan [BPiastra 1]", "1,5 [BPiastra 2]", "[spSaldS1]", "-inf [Xbull 3]",
+                         "12.5 mm [spSaldS2]", "si [AttNerv 1]", "-5 [nBull]", "-1 [nSollAg]",
+                         "-3 [numNodi]", "1e1 [HPiastra 1]"},
+                        "\n", &note));
+    EXPECT_EQ(n->BPiastra(1), 0.0);
+    EXPECT_EQ(n->BPiastra(2), 1.0);
+    EXPECT_EQ(n->spSaldS2, 12.5);
+    EXPECT_EQ(n->HPiastra(1), 10.0);
+    EXPECT_EQ(n->nBull + n->nSollAg + n->numNodi, 0);
+    const char* attese[] = {"riga 2, chiave BPiastra 1: \"nan\"",
+                            "riga 3, chiave BPiastra 2: \"1,5\"",
+                            "riga 4, chiave spSaldS1: \"\"",
+                            "riga 5, chiave Xbull 3: \"-inf\"",
+                            "riga 6, chiave spSaldS2",
+                            "riga 7, chiave AttNerv 1",
+                            "riga 8, chiave nBull: ",
+                            "riga 9, chiave nSollAg: ",
+                            "riga 10, chiave numNodi: "};
+    ASSERT_EQ(note.Valori.size(), std::size(attese));
+    for (std::size_t i = 0; i < std::size(attese); ++i) {
+        EXPECT_EQ(note.Valori[i].rfind(attese[i], 0), 0u) << note.Valori[i];
+    }
+}
+
+// A text is refused exactly where a file with it would not read back equal.
+TEST(FileNodo, TextsThatWouldBeReadAsAKeyAreNotWritten) {
+    Banco b;
+    const auto n = Memoria(), letto = Memoria();
+    n->nSollAg = 2;
+    const std::pair<const char*, bool> casi[] = {{"Inviluppo [TaglioY]", false},
+                                                 {"99 [nBull]", false},
+                                                 {"5 [NBULL", false},
+                                                 {"[MomZ 3] x", false},
+                                                 {"[nB\null]", false},
+                                                 {"[NomeSaltro", false},
+                                                 {"Vento [da nord]", true},
+                                                 {"[nBulloni]", true},
+                                                 {"nBull]", true},
+                                                 {"[ nBull]", true}};
+    for (const auto& [testo, scritto] : casi) {
+        n->NomeSa(1) = testo;
+        EXPECT_EQ(TestoRifiutato(testo).empty(), scritto) << testo;
+        EXPECT_EQ(b.Scrivi(*n), scritto) << testo;
+        EXPECT_EQ(EsisteFile(b.file), scritto) << testo;
+        if (!scritto) continue;
+        ASSERT_FALSE(ProvaFileNodo(*letto, b.file));
+        EXPECT_EQ(letto->NomeSa(1), testo);
+        EliminaFile(b.file);
     }
 }
 

@@ -137,6 +137,26 @@ TEST(FileVecchio, WhatWasReadBeforeTheFileEndsStays) {
     for (std::size_t k = 1; k < intero.size(); ++k) b.Leggi(intero.substr(0, k));
 }
 
+TEST(FileVecchio, CountsBelowZeroAndTextsThatAreKeysAreTold) {
+    Righe righe = kVecchio;
+    righe[11] = "-5";  // bolts
+    righe[17] = "1e2,-9000,2,3,4,5,1,\"99 [nBull]\"";
+    righe[19] = "-1";  // nodes
+    for (const int riga : {20, 13, 12}) righe.erase(righe.begin() + riga);
+    Banco b;
+    const auto n = b.Leggi(Unite(righe, righe.size()));
+    EXPECT_EQ(b.note.RigaInterrotta, 0) << b.note.Causa;
+    EXPECT_EQ(n->nBull + n->numNodi, 0);
+    EXPECT_EQ(n->NomeSa(0), "99 (nBull]");
+    EXPECT_EQ(n->TipoVer, 1);
+    ASSERT_EQ(b.note.Valori.size(), 3u);
+    for (const auto& [k, attesa] :
+         {std::pair{0, "riga 12, chiave nBull"}, std::pair{1, "riga 16, chiave NomeSa"},
+          std::pair{2, "riga 18, chiave numNodi"}}) {
+        EXPECT_EQ(b.note.Valori[static_cast<std::size_t>(k)].rfind(attesa, 0), 0u);
+    }
+}
+
 TEST(FileVecchio, AValueThatIsNoneStopsTheReading) {
     Banco b;
     const std::pair<std::size_t, const char*> guasti[] = {

@@ -390,7 +390,7 @@ TEST(FormOpz_Cond, SavesTheChangedValuesOnly) {
     b.Recita(modifiche);
     b.Recita("P OpzAnnulla");
     EXPECT_EQ(prova::LeggiTesto(b.file), prima);
-    EXPECT_EQ(b.S().opz.ValOpz(5), 2);
+    EXPECT_EQ(b.S().opz.ValOpz(kOpzTollForo), 2);
     // A file that may not be written: told, and the session goes on with the new values.
     b.Recita(modifiche);
     fs::permissions(b.file, fs::perms::owner_read);
@@ -399,7 +399,7 @@ TEST(FormOpz_Cond, SavesTheChangedValuesOnly) {
     EXPECT_EQ(b.porta.detti[0].testo.rfind("Non è possibile salvare il file delle opzioni", 0), 0u);
     EXPECT_EQ(prova::LeggiTesto(b.file), prima);
     EXPECT_FALSE(b.S().fine);
-    EXPECT_EQ(b.S().opz.ValOpz(5), 2.5);
+    EXPECT_EQ(b.S().opz.ValOpz(kOpzTollForo), 2.5);
     fs::permissions(b.file, fs::perms::owner_read | fs::perms::owner_write);
     b.Recita("P Opz; P OpzOK");
     std::vector<std::string> attese = kRighe;

@@ -144,6 +144,10 @@ apri sette.tk7
 = nodo/NomeSa/6 ' più vento €'
 > {'campo':'Tb_sol_descr(4)','testo':'altro','tasto':27}
 = pan/Tb_sol_descr(4)/testo ' più vento €'
+> {'campo':'Tb_sol_descr(4)','testo':'99 [nBull]'}
+m Descrizione non accettata: "[nBull" ...
+= nodo/NomeSa/6 ' più vento €'
+= pan/Tb_sol_descr(4)/testo ' più vento €'
 file tre.tk7 3 [nSollAg]|0 [TipoVer]|1 [CasoCarico 2]
 apri tre.tk7
 = pan/Lb_nrosol/testo '3'

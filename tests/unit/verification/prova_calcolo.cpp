@@ -1,4 +1,4 @@
-// The verification against values from outside, and each of its deliberate oddities by hand.
+// The verification against values from outside; by hand where the method leaves the textbook.
 
 #include <gtest/gtest.h>
 
@@ -170,7 +170,7 @@ TEST(Riferimenti, PublishedResistancesAndBoltGroups) {
 }
 
 // distAzioni = 200/2 + 0 + 20 = 120 mm.
-TEST(Stranezze, TheTransportLooksAtMzAndTyAlone) {
+TEST(RegoleProprie, TheTransportLooksAtMzAndTyAlone) {
     struct Caso {
         double Mz, Ty;
         bool trasporta;
@@ -195,7 +195,7 @@ TEST(Stranezze, TheTransportLooksAtMzAndTyAlone) {
     }
 }
 
-TEST(Stranezze, WeldsOfTheMainBeamTakeTheMomentsAsStored) {
+TEST(RegoleProprie, WeldsOfTheMainBeamTakeTheMomentsAsStored) {
     Nodo n = prova::NodoDiProva();
     n.AttNerv(1) = n.AttNerv(2) = false, n.distAlaSecPiastra = 5, n.HPiastra(2) = 210;
     prova::MettiBulloni(n, {{-60, 110, 20}, {60, 110, 20}, {-60, 260, 20}, {60, 260, 20}});
@@ -220,7 +220,7 @@ TEST(Stranezze, WeldsOfTheMainBeamTakeTheMomentsAsStored) {
     EXPECT_NEAR(r.S_prp2(1, 16), 100 * 50000 * 15 / Iy1, 1e-6);
 }
 
-TEST(Stranezze, TorsionOfTheWeldsAndMirrorsThatDoNotExist) {
+TEST(RegoleProprie, TorsionOfTheWeldsAndMirrorsThatDoNotExist) {
     Nodo n = prova::NodoDiProva();
     n.AttNerv(1) = n.AttNerv(2) = false;
     prova::AggiungiSestetto(n, 0, 0, 0, 40, 0, 0);
@@ -242,7 +242,7 @@ TEST(Stranezze, TorsionOfTheWeldsAndMirrorsThatDoNotExist) {
     EXPECT_NEAR(r.Tau_pa(2, 9), 100 * 600 / (340 * b), 1e-9);
 }
 
-TEST(Stranezze, LengthsOfTheWelds) {
+TEST(RegoleProprie, LengthsOfTheWelds) {
     const auto lunghezze = [](const Nodo& n) {
         Risultati r;
         LunghezzeSaldature(n, r);
@@ -272,7 +272,7 @@ TEST(Stranezze, LengthsOfTheWelds) {
     EXPECT_EQ(lunghezze(n)[5], 225);
 }
 
-TEST(Stranezze, ResistancesOfTheBolts) {
+TEST(RegoleProprie, ResistancesOfTheBolts) {
     Nodo n = prova::NodoDiProva();
     const Opzioni opz = prova::OpzioniDiProva();
     const auto resistenze = [&](const Nodo& m) {
@@ -325,7 +325,7 @@ TEST(Stranezze, ResistancesOfTheBolts) {
     EXPECT_NEAR(c.alfa, 52.0 / 66 - 0.25, 1e-12);
 }
 
-TEST(Stranezze, RatiosOfTheBolts) {
+TEST(RegoleProprie, RatiosOfTheBolts) {
     Nodo n = prova::NodoDiProva();
     n.nBull = 1;
     prova::AggiungiSestetto(n, 0, 0, 0, 0, 0, 0);
@@ -352,7 +352,7 @@ TEST(Stranezze, RatiosOfTheBolts) {
     }
 }
 
-TEST(Stranezze, DirectShearGoesInEqualParts) {
+TEST(RegoleProprie, DirectShearGoesInEqualParts) {
     for (const Metodo metodo : {Metodo::SLU, Metodo::TA}) {
         Nodo n = prova::NodoDiProva(metodo);
         prova::MettiBulloni(n, {{0, 55, 16}, {0, 315, 24}});
@@ -370,7 +370,7 @@ TEST(Stranezze, DirectShearGoesInEqualParts) {
     }
 }
 
-TEST(Stranezze, WeldsOfTheAllowableStressMethod) {
+TEST(RegoleProprie, WeldsOfTheAllowableStressMethod) {
     Nodo n = prova::NodoDiProva(Metodo::TA);
     prova::AggiungiSestetto(n, 0, 0, 0, 0, 0, 0);
     Risultati r;
@@ -415,7 +415,7 @@ TEST(Stranezze, WeldsOfTheAllowableStressMethod) {
     }
 }
 
-TEST(Stranezze, BearingCoefficient) {
+TEST(RegoleProprie, BearingCoefficient) {
     Nodo n = prova::NodoDiProva(Metodo::TA);
     const Opzioni opz = prova::OpzioniDiProva();
     const auto coeff = [&] { return CoeffRifollamento(n, opz, 0); };
