@@ -24,7 +24,7 @@ class Lettura {
     int Numero() const { return static_cast<int>(i_); }
     std::size_t Conteggio(const char* cosa) {
         const auto x = ValoreStretto(Riga());
-        if (!x || *x < 0.0 || *x > 10000.0 || *x != static_cast<long>(*x)) {
+        if (!x || *x < 0.0 || *x > 10000.0 || *x != static_cast<double>(static_cast<long>(*x))) {
             throw Guasto{"riga " + std::to_string(Numero()) + ": " + cosa + " errato"};
         }
         return static_cast<std::size_t>(*x);
