@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "aiuti/prova.h"
+#include "desktop/controlli.h"
 #include "desktop/finestra_principale.h"
 #include "desktop/legame.h"
 #include "desktop/pannello_secondario.h"
@@ -68,5 +69,38 @@ struct BancoGui {
         Premi("Car_Nodo");
     }
 };
+
+// Opens each secondary panel and says what to do with it.
+template <class Fa>
+void PerOgniPannello(BancoGui& b, Fa fa) {
+    const struct {
+        const char* apre;
+        const char* pannello;
+    } vie[] = {{"DefBulloni", "FormBulloni"},
+               {"PropMatButton", "PropMateriali"},
+               {"Opz", "FormOpz_Cond"},
+               {"ImpS3D", "Soll3D"}};
+    for (const auto& v : vie) {
+        b.Premi(v.apre);
+        ASSERT_NE(b.finestra->Secondario(v.pannello), nullptr) << v.pannello;
+        fa(v.pannello);
+        if (std::string(v.pannello) == "FormOpz_Cond") {  // a colour label opens the colours
+            for (const auto& [nome, c] : b.S().FormOpz_Cond.controlli) {
+                if (nome.rfind("LabColP", 0) != 0 || !c.visibile) continue;
+                QTest::mouseClick(b.Trova(nome, v.pannello), Qt::LeftButton);
+                break;
+            }
+            fa("FormColori");
+            b.Premi("Colore(3)", "FormColori");
+        }
+        if (std::string(v.pannello) == "Soll3D") {
+            b.Premi("Cerca(0)", "Soll3D");
+            fa("selezione");
+            b.Premi("Chiudi", "selezione");
+        }
+        b.Premi(PulsanteDiChiusura(v.pannello), v.pannello);
+        EXPECT_EQ(b.finestra->Secondario(v.pannello), nullptr) << v.pannello;
+    }
+}
 
 }  // namespace tk07::prova

@@ -6,26 +6,23 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTextBlock>
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 #include <ctime>
+#include <filesystem>
 
 #include "banco_gui.h"
 #include "base/testo.h"
 #include "desktop/controlli.h"
-#include "desktop/finestra_kx.h"
-#include "desktop/finestra_recupero.h"
-#include "desktop/finestra_trova.h"
 #include "desktop/pagina_riepilogo.h"
 #include "desktop/pianta_bulloni.h"
 #include "desktop/programma_gui.h"
 #include "desktop/tabella_piena.h"
-#include "desktop/tema.h"
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 #include "desktop/vista_relazione.h"
@@ -48,39 +45,6 @@ struct Ambiente : testing::Environment {
     void TearDown() override { app.reset(); }
 };
 [[maybe_unused]] const auto* kAmbiente = testing::AddGlobalTestEnvironment(new Ambiente);
-
-// Opens each secondary panel and says what to do with it.
-template <class Fa>
-void PerOgniPannello(BancoGui& b, Fa fa) {
-    const struct {
-        const char* apre;
-        const char* pannello;
-    } vie[] = {{"DefBulloni", "FormBulloni"},
-               {"PropMatButton", "PropMateriali"},
-               {"Opz", "FormOpz_Cond"},
-               {"ImpS3D", "Soll3D"}};
-    for (const auto& v : vie) {
-        b.Premi(v.apre);
-        ASSERT_NE(b.finestra->Secondario(v.pannello), nullptr) << v.pannello;
-        fa(v.pannello);
-        if (std::string(v.pannello) == "FormOpz_Cond") {  // a colour label opens the colours
-            for (const auto& [nome, c] : b.S().FormOpz_Cond.controlli) {
-                if (nome.rfind("LabColP", 0) != 0 || !c.visibile) continue;
-                QTest::mouseClick(b.Trova(nome, v.pannello), Qt::LeftButton);
-                break;
-            }
-            fa("FormColori");
-            b.Premi("Colore(3)", "FormColori");
-        }
-        if (std::string(v.pannello) == "Soll3D") {
-            b.Premi("Cerca(0)", "Soll3D");
-            fa("selezione");
-            b.Premi("Chiudi", "selezione");
-        }
-        b.Premi(PulsanteDiChiusura(v.pannello), v.pannello);
-        EXPECT_EQ(b.finestra->Secondario(v.pannello), nullptr) << v.pannello;
-    }
-}
 
 // Every control of every panel has a widget that bears its name and shows its state.
 TEST(Gui, OgniControlloHaIlSuoElemento) {
@@ -559,6 +523,68 @@ TEST(Gui, AnteprimaImportazione) {
         << anteprima().toStdString();
 }
 
+// Green, amber, red at 0.80 and 1.00; a ratio above 1 is never shown as one that passes.
+TEST(Gui, ColoriENumeriDeiRapporti) {
+    const struct {
+        double rapporto;
+        const char* mostrato;
+        int colore;  // 0 green, 1 amber, 2 red
+    } casi[] = {{0.0, "0.00", 0},  {0.8, "0.80", 0},    {0.8001, "0.80", 1},
+                {1.0, "1.00", 1},  {1.0001, "1.01", 2}, {1.004, "1.01", 2},
+                {1.01, "1.01", 2}, {2.5, "2.50", 2},    {HUGE_VAL, "∞", 2}};
+    for (const auto& c : casi) {
+        EXPECT_EQ(RapportoMostrato(c.rapporto).toStdString(), c.mostrato) << c.rapporto;
+        for (const QColor& k : {ColoreRapporto(c.rapporto), TestoRapporto(c.rapporto, Qt::white),
+                                TestoRapporto(c.rapporto, Qt::black)}) {
+            const int tinta = k.hsvHue();  // degrees: red about 0, amber 40, green 140
+            EXPECT_EQ(tinta > 90 ? 0 : tinta > 20 ? 1 : 2, c.colore) << c.rapporto;
+        }
+    }
+    // The drawing takes them: the front face of plate 2, just above and just below its limit.
+    BancoGui b;
+    b.Apri("02_ipe200_su_ipe300.tk7");
+    VistaNodo& v = b.finestra->LaVista();
+    const Nodo& n = b.N();
+    const QPoint dove =
+        v.InPixel(Vista::lato, {n.TraPri.B / 2.0 + n.distPiastraTraPri + n.SpPiastra(2) / 2.0,
+                                CimaPiastra2(n) - 2.0})
+            .toPoint();
+    for (const double rapporto : {1.0, 1.001}) {
+        RapportiElementi r;
+        r.bulloni.resize(static_cast<std::size_t>(n.nBull) + 1, 0.5);
+        r.piastre = {0.5, rapporto};
+        v.Colora(r, QString(), std::nullopt);
+        EXPECT_EQ(v.grab().toImage().pixelColor(dove), ColoreRapporto(rapporto)) << rapporto;
+    }
+}
+
+// Only a file that was written is told as saved.
+TEST(Gui, SalvataggioFallito) {
+    BancoGui b;
+    QStringList avvisi;
+    QObject::connect(&b.pilota, &Pilota::avviso, [&](const QString& a) { avvisi << a; });
+    const auto salvati = [&] { return avvisi.filter(QStringLiteral("Nodo salvato in")).size(); };
+    namespace fs = std::filesystem;
+    const fs::path file = b.radice + "/lavori/esempi/Nuovo.tk7";
+    b.Premi("Bt_salva");
+    EXPECT_EQ(salvati(), 1);
+    const auto unOraFa = fs::last_write_time(file) - std::chrono::hours(1);
+    fs::last_write_time(file, unOraFa);
+    b.Scrivi("TextSald(0)", "0");  // refused: no leg
+    b.Premi("Bt_salva");
+    EXPECT_EQ(salvati(), 1);
+    b.Scrivi("TextSald(0)", "6");
+    fs::remove(file);
+    fs::create_directory(file);  // nothing can be written there
+    fs::last_write_time(file, unOraFa);
+    b.Premi("Bt_salva");
+    EXPECT_EQ(salvati(), 1);
+    EXPECT_EQ(b.porta.detti.back().titolo, "TK07 - SALVATAGGIO NON RIUSCITO");
+    fs::remove(file);
+    b.Premi("Bt_salva");
+    EXPECT_EQ(salvati(), 2);
+}
+
 // On the plan: a placed bolt on the grid, a drag, a band that selects.
 TEST(Gui, PiantaDeiBulloni) {
     BancoGui b;
@@ -629,63 +655,6 @@ TEST(Gui, RitardoAllaBattuta) {
     EXPECT_EQ(b.pilota.LEsame().esiti.Sestetti(), 50);
     std::cout << "battuta " << peggio << " ms, esame " << b.pilota.UltimoEsameMs() << " ms\n";
     EXPECT_LT(peggio, 50.0);
-}
-
-// Pictures of every window, for the eye, where TK07_FOTO names a directory.
-TEST(Gui, Foto) {
-    const QString dove = qEnvironmentVariable("TK07_FOTO");
-    if (dove.isEmpty()) GTEST_SKIP() << "TK07_FOTO";
-    BancoGui b;
-    b.Apri("02_ipe200_su_ipe300.tk7");
-    b.Premi("VerificaButt");
-    b.finestra->MostraRelazione(QString::fromStdString(b.porta.programmi.back()[1]));
-    b.finestra->IlRiepilogo().Tabella()->selectRow(0);
-    b.finestra->statusBar()->clearMessage();  // it names the temporary tree
-    if (qEnvironmentVariableIsSet("TK07_SCURO")) {
-        ApplicaTema(Tema::scuro);
-    }
-    for (const QSize& q : {QSize(1280, 800), QSize(1920, 1080)}) {
-        b.finestra->resize(q);
-        for (int i = 0; i < 4; ++i) {
-            b.Trova<QTabWidget>("SSTab")->setCurrentIndex(i);
-            if (i == 1) b.Trova("GeoPias(4)")->setFocus();
-            QCoreApplication::processEvents();
-            b.finestra->grab().save(dove + QStringLiteral("/main_%1_%2.png").arg(q.width()).arg(i));
-        }
-        auto* destra = b.finestra->findChild<QTabWidget*>(QStringLiteral("Destra"));
-        destra->setCurrentIndex(1);
-        QCoreApplication::processEvents();
-        b.finestra->grab().save(dove + QStringLiteral("/relazione_%1.png").arg(q.width()));
-        destra->setCurrentIndex(0);
-    }
-    // A joint that fails, with the worst set in colours; the copies; the search; the converter.
-    b.finestra->resize(1280, 800);
-    b.Trova<QTabWidget>("SSTab")->setCurrentIndex(1);
-    b.Scrivi("GeoPias(5)", "4");
-    b.N().MomZ(1) = 120000, b.N().TaglioY(1) = 26000;
-    b.pilota.ImpostaDalVivo(true);
-    b.finestra->IlRiepilogo().Tabella()->selectRow(1);
-    QCoreApplication::processEvents();
-    b.finestra->grab().save(dove + QStringLiteral("/fallisce.png"));
-    b.pilota.CopiaOra();
-    FinestraRecupero recupero(b.pilota, b.finestra.get());
-    recupero.show();
-    recupero.grab().save(dove + QStringLiteral("/recupero.png"));
-    FinestraKx kx(LeggiRichiestaKx("|uniprinctesto=daN*cm|valoreingresso=12.5|titolo=Mom_z|"));
-    kx.show();
-    kx.grab().save(dove + QStringLiteral("/kx.png"));
-    ModelloStr m;
-    LeggiModello(b.radice + "/lavori/telaio", m, StrVecchia::termina, b.S().piattaforma);
-    FinestraTrova trova(m, FinestraTrova::Cosa::nodi, QStringLiteral("Cerca nodi"), "", nullptr);
-    trova.show();
-    trova.grab().save(dove + QStringLiteral("/trova.png"));
-    PerOgniPannello(b, [&](const std::string& p) {
-        QWidget* w = b.finestra->Secondario(p);
-        if (p == "FormBulloni") b.Premi("Bt_SelTutti", p);
-        QCoreApplication::processEvents();
-        w->grab().save(dove + QLatin1Char('/') + QString::fromStdString(p) +
-                       QStringLiteral(".png"));
-    });
 }
 
 // The PDF report from the menu: refused without bolts, written for a joint that can be verified.

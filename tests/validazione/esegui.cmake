@@ -8,10 +8,6 @@ execute_process(COMMAND ${PYTHON} ${V}/genera_nodi.py --albero ${ALBERO} --uscit
 if(NOT esito EQUAL 0)
     message(FATAL_ERROR "genera_nodi.py: ${esito}")
 endif()
-execute_process(COMMAND ${PYTHON} ${V}/controprova.py RESULT_VARIABLE esito)
-if(NOT esito EQUAL 0)
-    message(FATAL_ERROR "controprova.py: ${esito}")
-endif()
 # The hand sheets' own figures, so that the program's comparison below is one with them.
 foreach(foglio foglio_slu foglio_ta)
     execute_process(COMMAND ${PYTHON} ${V}/calcolo_indipendente.py --albero ${ALBERO}

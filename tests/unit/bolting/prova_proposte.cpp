@@ -150,45 +150,6 @@ TEST(Proponi, LargerJointByBothMethods) {
     }
 }
 
-// d0 = 20, thinner plate 12.
-TEST(LimitiPerProposta, ByMethodAndExposure) {
-    const NodoPtr n = NodoGrande();
-    n->SpPiastra(1) = 12;
-    struct Caso {
-        short tipo, esposizione;
-        double tMin, eMinX, eMinY, eMax, eMax2, passoX, passoY, passoMax;
-    };
-    const std::vector<Caso> casi{
-        {0, 0, 12, 30, 40, 72, 108, 60, 60, 180},    {0, 2, 12, 30, 40, 72, 108, 60, 60, 180},
-        {1, 0, 12, 24, 24, 88, 88, 48, 44, 168},     {1, 1, 12, 24, 24, 1e20, 1e20, 48, 44, 168},
-        {1, 2, 12, 24, 24, 125, 125, 48, 44, 168},   {1, 7, 12, 24, 24, 125, 125, 48, 44, 168},
-        {1, -1, 12, 24, 24, 125, 125, 48, 44, 168},  {1, 0, 16, 24, 24, 104, 104, 48, 44, 200},
-        {1, 1, 16, 24, 24, 1e20, 1e20, 48, 44, 200}, {1, 2, 16, 24, 24, 128, 128, 48, 44, 175}};
-    for (const Caso& c : casi) {
-        n->TipoVer = c.tipo, n->Esposizione = c.esposizione;
-        n->SpPiastra(1) = c.tMin;
-        const LimitiProposta l = LimitiPerProposta(*n, OpzioniCon(3, 4.5), 17.0);
-        SCOPED_TRACE(testing::Message() << c.tipo << " " << c.esposizione << " " << c.tMin);
-        const std::pair<double, double> valori[] = {{l.d0, 20},
-                                                    {l.Rf, 10},
-                                                    {l.distSald, 4.5},
-                                                    {l.tMin, c.tMin},
-                                                    {l.eMinX, c.eMinX},
-                                                    {l.eMinY, c.eMinY},
-                                                    {l.eMaxX, c.eMax},
-                                                    {l.eMaxY, c.eMax},
-                                                    {l.eMax2X, c.eMax2},
-                                                    {l.eMax2Y, c.eMax2},
-                                                    {l.passoMinX, c.passoX},
-                                                    {l.passoMinY, c.passoY},
-                                                    {l.passoMax, c.passoMax},
-                                                    {l.comune.xMin, -130},
-                                                    {l.comune.yMin, 1.7},
-                                                    {l.comune.yMax, 441.7}};
-        for (const auto& [avuto, atteso] : valori) EXPECT_NEAR(avuto, atteso, 1e-9);
-    }
-}
-
 // Each pair stands on either side of one bound; the plates are far too small for such bolts, so a
 // compatible diameter gives the warnings of the zones instead.
 TEST(Proponi, IncompatibleDiameterEndsIt) {

@@ -135,6 +135,12 @@ TEST(Esiti, LimitiEsatti) {
     EXPECT_EQ(NomeElemento(s2), "saldatura s4'");
     EXPECT_EQ(NumeroElemento(s2), 19);  // the mirrors are 16 to 30
     EXPECT_EQ(std::string(NomeConfronto(s2)), "SEq-1");
+    // S2 joins plate 1 and rib 3 to the main beam: s4 to s9; the other lines end on plate 2.
+    for (int l = 1; l <= 15; ++l) {
+        const Famiglia attesa = l >= 4 && l <= 9 ? Famiglia::saldatureS2 : Famiglia::saldatureS1;
+        const Esiti e = riga([&] { ris.LungSald(l - 1) = 100, ris.Tau_pa(0, l - 1) = 5000; });
+        EXPECT_EQ(e.Governa()->famiglia, attesa) << l;
+    }
     // Allowable stresses: load case II raises them by an eighth.
     n.TipoVer = 0;
     n.CasoCarico(0) = 1;

@@ -16,7 +16,7 @@ namespace tk07::prova {
 //   > request          answered with esito ok; every box it shows stands in the m lines that follow
 //   ! request          refused: esito errore, no box, the session goes on
 //   m text             the next box; text... for one that begins so
-//   = path value       value of r (the answer), nodo, pan (controls of the panel) or titolo
+//   = path value       value of r (the answer), nodo, risultati, pan (controls of the panel) or titolo
 //   apri NAME          opens a file of the job; salva NAME saves under that name
 //   file NAME a|b|c    writes a joint file of the job with these lines
 //   esiste, manca PATH
@@ -45,7 +45,7 @@ struct Copione {
         const std::string radix = percorso.substr(0, barra);
         const Json::json_pointer dove(barra == std::string::npos ? "" : percorso.substr(barra));
         if (radix == "r") return r.at(dove);
-        if (radix == "nodo") return Leggi("nodo").at(dove);
+        if (radix == "nodo" || radix == "risultati") return Leggi(radix).at(dove);
         const Json pannello = Leggi("pannello")["InsDati"];
         return radix == "titolo" ? pannello["titolo"] : pannello["controlli"].at(dove);
     }

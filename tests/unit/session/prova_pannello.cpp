@@ -314,7 +314,11 @@ apri 01_ipe160_su_ipe270.tk7
 > {'premi':'VerificaButt'}
 = r/programmi [{'programma':'notepad.exe','argomenti':['@/lavori/esempi/RelSLU_TK07_01_ipe160_su_ipe270.txt'],'attendi':false}]
 esiste RelSLU_TK07_01_ipe160_su_ipe270.txt
+= risultati/verificato true
+> {'premi':'DefBulloni'}
 apri 10_ipe220_su_ipe330.tk7
+! {'premi':'MatBulOK'}
+= risultati/verificato null
 > {'premi':'VerificaButt'}
 m I bulloni non rispettano l'interasse minimo in direzione verticale (NTC 2018)
 m Continuare la verifica?

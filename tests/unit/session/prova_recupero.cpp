@@ -36,10 +36,14 @@ TEST(Recupero, SopravviveAllUccisione) {
         ASSERT_GE(figlio, 0);
         if (figlio == 0) ModificaSenzaFine(*b.s, giro, tubo[1]);
         close(tubo[1]);
-        usleep(static_cast<useconds_t>(3000 + caso() % 20000));
+        // After some copies, in the middle of the next: by their number, since a busy machine is
+        // slow.
+        int k = 0, ultimo = 0;
+        const auto attesi = static_cast<int>(caso() % 6);
+        while (ultimo < attesi && read(tubo[0], &k, sizeof k) == sizeof k) ultimo = k;
+        usleep(static_cast<useconds_t>(caso() % 1500));
         kill(figlio, SIGKILL);
         waitpid(figlio, nullptr, 0);
-        int k = 0, ultimo = 0;
         while (read(tubo[0], &k, sizeof k) == sizeof k) ultimo = k;
         close(tubo[0]);
         double trovato = 0.0;

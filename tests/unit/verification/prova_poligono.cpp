@@ -157,11 +157,15 @@ TEST(Contatto, PointInPolygon) {
                           {quadrato, 10, 10, 2},
                           {quadrato, 0.00005, 5, 2},  // within the tolerance of an edge
                           {quadrato, 0.00015, 5, 1},  // and just beyond it
-                          {quadrato, -5, 10, 0},      // ray along the upper edge
-                          {quadrato, -5, 0, 0},       // and along the lower one
-                          {rombo, -0.5, 0, 1},        // ray out through one vertex
-                          {rombo, -2, 0, 0},          // in through one, out through another
-                          {punta, 0, 0, 0},           // ray that touches a tip from below
+                          {quadrato, 5, 10.00005, 2},
+                          {quadrato, 5, 10.00015, 0},
+                          {quadrato, 10.00005, 10, 2},
+                          {quadrato, 10.00015, 10, 0},
+                          {quadrato, -5, 10, 0},  // ray along the upper edge
+                          {quadrato, -5, 0, 0},   // and along the lower one
+                          {rombo, -0.5, 0, 1},    // ray out through one vertex
+                          {rombo, -2, 0, 0},      // in through one, out through another
+                          {punta, 0, 0, 0},       // ray that touches a tip from below
                           {punta, 0, 2, 0},
                           {elle, 2, 4, 1},  // ray along an inner edge
                           {elle, 7, 7, 0},

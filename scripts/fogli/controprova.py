@@ -238,7 +238,8 @@ def controlla(nome, d, r):
 
 
 def main() -> int:
-    cartella = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parent
+    cartella = Path(sys.argv[1]) if len(sys.argv) > 1 else (
+        Path(__file__).resolve().parents[2] / "tests" / "validazione")
     for nome, d in (("foglio_slu", fogli_dati.SLU), ("foglio_ta", fogli_dati.TA)):
         r = json.loads((cartella / f"{nome}.json").read_text(encoding="utf-8"))
         controlla(nome, d, r)
