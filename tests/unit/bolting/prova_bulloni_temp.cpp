@@ -34,47 +34,6 @@ BulloniTemp CopiaDi(const Lista& l) {
     return t;
 }
 
-TEST(BulloniTemp, OnlyTheConfirmationReachesTheJoint) {
-    const auto n = std::make_unique<Nodo>();
-    n->nBull = 2;
-    n->Xbull(1) = -40, n->Ybull(1) = 60, n->Fibull(1) = 12, n->SelBull(1) = 1.0;
-    n->Xbull(2) = 40, n->Ybull(2) = 60, n->Fibull(2) = 16;
-    n->Xbull(3) = 999.0;  // behind the count: not a bolt
-    BulloniTemp t;
-    t.attesaClick = 1;
-    t.XbullTemp(3) = 777.0;
-    CopiaDalNodo(*n, t);
-    EXPECT_EQ(ListaDi(t), (Lista{{-40, 60, 12, 1}, {40, 60, 16, 0}}));
-    EXPECT_EQ(t.attesaClick, 0);
-    EXPECT_EQ(Slot(t, 3), (Bullone{0, 0, 0, 0}));
-    Seleziona(t, Selezione::tutti);
-    TraslaSelezionati(t, Asse::Y, 30.0);
-    AccodaBullone(t, 0.0, 200.0, 20.0);
-    EXPECT_EQ(n->nBull, 2);
-    EXPECT_EQ(n->Ybull(1), 60.0);
-    EXPECT_EQ(n->SelBull(2), 0.0);
-    CopiaNelNodo(t, *n);
-    EXPECT_EQ(n->nBull, 3);
-    EXPECT_EQ(n->Ybull(1), 90.0);
-    EXPECT_EQ(n->Fibull(2), 16.0);
-    EXPECT_EQ(n->Xbull(3), 0.0);
-    EXPECT_EQ(n->Fibull(3), 20.0);
-    EXPECT_EQ(n->SelBull(2), 1.0);  // the selection outlives the editing
-    EXPECT_EQ(n->SelBull(3), 0.0);
-}
-
-TEST(AggiungiSingolo, ThePressPlacesTheBoltOnTheGrid) {
-    BulloniTemp t = CopiaDi({{-40, 60, 12, 0}});
-    EXPECT_FALSE(PosaBullone(t, 10.0, 10.0, 12.0));
-    EXPECT_EQ(ListaDi(t), (Lista{{-40, 60, 12, 0}}));
-    AggiungiSingolo(t);
-    EXPECT_EQ(t.nBullTemp, 2);
-    EXPECT_EQ(t.attesaClick, 1);
-    EXPECT_TRUE(PosaBullone(t, -12.5, 112.4, 14.0));
-    EXPECT_EQ(ListaDi(t), (Lista{{-40, 60, 12, 0}, {-15, 110, 14, 0}}));
-    EXPECT_FALSE(PosaBullone(t, 0.0, 0.0, 12.0));  // one press only
-}
-
 TEST(PosaBullone, MovesTheLastBoltWhenTheAwaitedOneHasGone) {
     BulloniTemp t = CopiaDi({{-40, 60, 12, 0}});
     AggiungiSingolo(t);
