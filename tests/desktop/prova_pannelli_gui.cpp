@@ -554,7 +554,9 @@ TEST(Gui, ColoriENumeriDeiRapporti) {
         r.bulloni.resize(static_cast<std::size_t>(n.nBull) + 1, 0.5);
         r.piastre = {0.5, rapporto};
         v.Colora(r, QString(), std::nullopt);
-        EXPECT_EQ(v.grab().toImage().pixelColor(dove), ColoreRapporto(rapporto)) << rapporto;
+        EXPECT_NEAR(v.grab().toImage().pixelColor(dove).hsvHue(), ColoreRapporto(rapporto).hsvHue(),
+                    4)
+            << rapporto;  // a plate is painted through
     }
 }
 
