@@ -16,7 +16,7 @@ namespace tk07::prova {
 //   > request          answered with esito ok; every box it shows stands in the m lines that follow
 //   ! request          refused: esito errore, no box, the session goes on
 //   m text             the next box; text... for one that begins so
-//   = path value       value of r (the answer), nodo, risultati, pan (controls of the panel) or titolo
+//   = path value       value of r (the answer), nodo, risultati, titolo or pan (its controls)
 //   apri NAME          opens a file of the job; salva NAME saves under that name
 //   file NAME a|b|c    writes a joint file of the job with these lines
 //   esiste, manca PATH
