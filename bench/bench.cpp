@@ -11,6 +11,7 @@
 #include "scene3d/assemblaggio.h"
 #include "scene3d/file_scena.h"
 #include "verification/azioni_bulloni.h"
+#include "verification/esame_rapido.h"
 #include "verification/poligono.h"
 #include "verification/saldature.h"
 #include "verification/verifica_nodo.h"
@@ -18,9 +19,37 @@
 namespace tk07 {
 namespace {
 
+constexpr int kSestetti = 500;
+
+Nodo NodoDaVerificare(const benchmark::State& stato) {
+    Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), kSestetti);
+    nodo.TipoVer = static_cast<short>(stato.range(1));
+    return nodo;
+}
+
+// Bolts, method (1 limit states, 0 allowable stresses); load sets a second.
+void PerBulloniEMetodo(benchmark::internal::Benchmark* b) {
+    b->ArgsProduct({{4, 8, 36, 100}, {1, 0}})->Unit(benchmark::kMicrosecond);
+}
+
+// Results and verdict alone, then with the findings, then no more than what a search asks.
+void Calcolo(benchmark::State& stato) {
+    const Nodo nodo = NodoDaVerificare(stato);
+    const Piattaforma p = PiattaformaMuta();
+    Risultati ris;
+    for (auto _ : stato) {
+        if (CalcolaNodo(nodo, Prova().s->opz, ris, p) != EsitoVerifica::completata) {
+            stato.SkipWithError("verifica non completata");
+            return;
+        }
+        benchmark::DoNotOptimize(ris);
+    }
+    stato.SetItemsProcessed(stato.iterations() * kSestetti);
+}
+BENCHMARK(Calcolo)->Apply(PerBulloniEMetodo);
+
 void Verifica(benchmark::State& stato) {
-    constexpr int kSestetti = 500;
-    const Nodo nodo = NodoDiProva(static_cast<int>(stato.range(0)), kSestetti);
+    const Nodo nodo = NodoDaVerificare(stato);
     const Piattaforma p = PiattaformaMuta();
     Risultati ris;
     Esiti esiti;
@@ -31,9 +60,26 @@ void Verifica(benchmark::State& stato) {
         }
         benchmark::DoNotOptimize(ris);
     }
-    stato.SetItemsProcessed(stato.iterations() * kSestetti);  // load sets
+    stato.SetItemsProcessed(stato.iterations() * kSestetti);
 }
-BENCHMARK(Verifica)->Arg(4)->Arg(8)->Arg(36)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Verifica)->Apply(PerBulloniEMetodo);
+
+void Rapido(benchmark::State& stato) {
+    const Nodo nodo = NodoDaVerificare(stato);
+    std::vector<SestettoProvato> prove;
+    for (int s = 0; s < kSestetti; ++s) {
+        prove.push_back({nodo.SforzoNormale(s), nodo.TaglioY(s), nodo.TaglioZ(s), nodo.MomTorc(s),
+                         nodo.MomY(s), nodo.MomZ(s), nodo.CasoCarico(s)});
+    }
+    std::vector<GiudizioRapido> giudizi(prove.size());
+    EsameRapido esame(nodo, Prova().s->opz);
+    for (auto _ : stato) {
+        esame.Giudica(prove, giudizi);
+        if (!giudizi.back().calcolato) stato.SkipWithError("verifica non completata");
+    }
+    stato.SetItemsProcessed(stato.iterations() * kSestetti);
+}
+BENCHMARK(Rapido)->Apply(PerBulloniEMetodo);
 
 // The sheet composed, cleaned and written.
 void Tavola(benchmark::State& stato) {

@@ -28,12 +28,17 @@ double Arrotonda(double x, int n) {
     // printing: near a tie of p the residual e decides, an exact tie goes to the even neighbour.
     const double s = kPotenze[n];
     const double p = x * s;
-    const double e = std::fma(x, s, -p);
-    double r = std::nearbyint(p);
+    // p is below 2^51: beside 1.5 2^52 a double has no room for decimals, so the sum rounds p to
+    // the nearest whole number, half to even.
+    constexpr double kSenzaDecimali = 6755399441055744.0;
+    double r = std::copysign((p + kSenzaDecimali) - kSenzaDecimali, p);
     const double d = p - r;  // exact
-    // At d = +-0.5 nearbyint has chosen the even neighbour; the residual can call for the other.
-    if (d == 0.5 && e > 0.0) r += 1.0;
-    if (d == -0.5 && e < 0.0) r -= 1.0;
+    // At d = +-0.5 the even neighbour has been chosen; the residual can call for the other.
+    if (std::fabs(d) == 0.5) {
+        const double e = std::fma(x, s, -p);
+        if (d > 0.0 && e > 0.0) r += 1.0;
+        if (d < 0.0 && e < 0.0) r -= 1.0;
+    }
     // r and 10^n are exact, so the quotient is the double nearest to the rounded decimal.
     return r / s;
 }

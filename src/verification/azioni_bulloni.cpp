@@ -1,9 +1,12 @@
 #include "verification/azioni_bulloni.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
 #include "base/aritmetica.h"
+#include "verification/piani.h"
 
 namespace tk07 {
 
@@ -76,16 +79,64 @@ void DiciConvergenza(StatoPiano stato, const Piattaforma& p) {
 
 namespace {
 
+// The planes of a block of load sets, solved several at a time; a set that the lanes leave is
+// solved alone, and tells why it is not in equilibrium.
+class PianiABlocchi {
+  public:
+    PianiABlocchi(const Nodo& n, const GeometriaVerifica& geo)
+        : n_(n), geo_(geo), pol_(PreparaPoligono(n, geo)), problema_(PreparaPiani(pol_)) {}
+    const PoligonoCompresso& Poligono() const { return pol_; }
+
+    StatoPiano Piano(int s, tk07::Piano& piano) {
+        if (s < da_ || s >= da_ + quanti_) Risolvi(s);
+        const auto i = static_cast<std::size_t>(s - da_);
+        if (risolto_[i] != 0) {
+            for (std::size_t k = 0; k < 3; ++k) piano(static_cast<long>(k) + 1) = piani_[k][i];
+            return StatoPiano::equilibrio;
+        }
+        pol_.polAzioni = AzioniPiano(n_, geo_, s);
+        const PianoRisolto r = RisolviPiano(pol_);
+        piano = r.polPiano;
+        return r.stato;
+    }
+
+  private:
+    static constexpr int kBlocco = 64;
+    void Risolvi(int da) {
+        da_ = da;
+        quanti_ = std::min(kBlocco, n_.nSollAg - da);
+        for (int i = 0; i < quanti_; ++i) {
+            const auto c =
+                CaricoInOrigine(AzioniPiano(n_, geo_, da + i), pol_.polRifX, pol_.polRifY);
+            for (std::size_t k = 0; k < 3; ++k) {
+                carichi_[k][static_cast<std::size_t>(i)] = c(static_cast<long>(k) + 1);
+            }
+        }
+        RisolviPiani(problema_, static_cast<std::size_t>(quanti_),
+                     {{carichi_[0].data(), carichi_[1].data(), carichi_[2].data()},
+                      {piani_[0].data(), piani_[1].data(), piani_[2].data()},
+                      risolto_.data()});
+    }
+
+    const Nodo& n_;
+    const GeometriaVerifica& geo_;
+    PoligonoCompresso pol_;
+    ProblemaPiani problema_;
+    int da_ = 0, quanti_ = 0;
+    std::array<std::array<double, kBlocco>, 3> carichi_, piani_;
+    std::array<char, kBlocco> risolto_;
+};
+
 // The plane on the bolts, and the largest compression over the vertices of the contact rectangle.
 void PianoSuBulloni(const Nodo& n, const PoligonoCompresso& pol, const Piano& piano, int s,
                     Risultati& ris) {
     for (int k = 1; k <= 3; ++k) ris.Piano(s, k) = piano(k);
-    for (int i = 1; i <= n.nBull; ++i) {
-        ris.Sigma(s, i) = ValorePiano(piano, n.Xbull(i), n.Ybull(i));
-    }
-    for (int j = 1; j <= 4; ++j) {
-        ris.Sig(s, 0) = Min(ris.Sig(s, 0), ValorePiano(piano, pol.polX(j), pol.polY(j)));
-    }
+    const auto x = n.Xbull.Tratto(1, n.nBull), y = n.Ybull.Tratto(1, n.nBull);
+    const auto sigma = ris.Sigma.Riga(s, 1);
+    for (std::size_t i = 0; i < x.size(); ++i) sigma[i] = ValorePiano(piano, x[i], y[i]);
+    double sig = ris.Sig(s, 0);
+    for (int j = 1; j <= 4; ++j) sig = Min(sig, ValorePiano(piano, pol.polX(j), pol.polY(j)));
+    ris.Sig(s, 0) = sig;
 }
 
 }  // namespace
@@ -93,43 +144,41 @@ void PianoSuBulloni(const Nodo& n, const PoligonoCompresso& pol, const Piano& pi
 bool AzioniBulloni(const Nodo& n, const GeometriaVerifica& geo, Risultati& ris,
                    const Piattaforma& p) {
     const bool slu = n.MetodoVerifica() == Metodo::SLU;
-    PoligonoCompresso pol = PreparaPoligono(n, geo);
+    const auto x = n.Xbull.Tratto(1, n.nBull), y = n.Ybull.Tratto(1, n.nBull),
+               area = geo.Area.Tratto(1, n.nBull);
+    const bool concentrati = !(geo.Ip > 0.0001);
+    PianiABlocchi piani(n, geo);
     for (int s = 0; s < n.nSollAg; ++s) {
-        const double Ty = n.TaglioY(s), Tz = n.TaglioZ(s);
-        pol.polAzioni = AzioniPiano(n, geo, s);
-        const PianoRisolto piano = RisolviPiano(pol);
-        if (piano.stato != StatoPiano::equilibrio) {
+        Piano piano;
+        const StatoPiano stato = piani.Piano(s, piano);
+        if (stato != StatoPiano::equilibrio) {
             // Every set before has been solved, else the run would have ended there.
-            if (s > 0) DiciConvergenza(piano.stato, p);
+            if (s > 0) DiciConvergenza(stato, p);
             MostraErrore(p,
                          "Sestetto di sollecitazione n°" + std::to_string(s + 1) +
                              ": situazione non equilibrata nel calcolo delle azioni sui bulloni");
             return false;
         }
-        PianoSuBulloni(n, pol, piano.polPiano, s, ris);
+        PianoSuBulloni(n, piani.Poligono(), piano, s, ris);
         if (slu) {
-            for (int i = 1; i <= n.nBull; ++i) ris.Ft_Ed(s, i) = geo.Area(i) * ris.Sigma(s, i);
+            const auto sigma = ris.Sigma.Riga(s, 1), ft = ris.Ft_Ed.Riga(s, 1);
+            for (std::size_t i = 0; i < area.size(); ++i) ft[i] = area[i] * sigma[i];
         }
+        const double Ty = n.TaglioY(s), Tz = n.TaglioZ(s);
         const double Mtot = 10.0 * n.MomTorc(s) + (geo.YG - geo.yAsse) * Tz + geo.XG * Ty;
-        const bool concentrati = !(geo.Ip > 0.0001);
         if (concentrati && std::fabs(Mtot) > 0.0001) {
             MostraErrore(p, "Non è possibile distribuire la torsione");
             return false;
         }
-        for (int i = 1; i <= n.nBull; ++i) {
-            const double A = geo.Area(i);
-            double Vz = Tz / n.nBull, Vy = Ty / n.nBull;
-            if (!concentrati) {
-                // Both torsion terms bear the same sign: Ty is positive downwards.
-                Vz = -(Mtot / geo.Ip) * (n.Ybull(i) - geo.YG) * A + Tz / n.nBull;
-                Vy = -(Mtot / geo.Ip) * (n.Xbull(i) - geo.XG) * A + Ty / n.nBull;
-            }
+        const double quotaZ = Tz / n.nBull, quotaY = Ty / n.nBull;
+        const double giro = concentrati ? 0.0 : -(Mtot / geo.Ip);
+        const auto taglio = slu ? ris.Fv_Ed.Riga(s, 1) : ris.Tau.Riga(s, 1);
+        for (std::size_t i = 0; i < area.size(); ++i) {
+            // Both torsion terms bear the same sign: Ty is positive downwards.
+            const double Vz = giro * (y[i] - geo.YG) * area[i] + quotaZ;
+            const double Vy = giro * (x[i] - geo.XG) * area[i] + quotaY;
             const double V = std::sqrt(Vz * Vz + Vy * Vy);
-            if (slu) {
-                ris.Fv_Ed(s, i) = V;
-            } else {
-                ris.Tau(s, i) = V / A;
-            }
+            taglio[i] = slu ? V : V / area[i];
         }
     }
     return true;

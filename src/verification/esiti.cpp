@@ -274,6 +274,30 @@ Esiti EsitiDi(const Nodo& nodo, const Opzioni& opz, const Risultati& ris) {
     return e;
 }
 
+void RiassumiEsiti(const Nodo& n, const Opzioni& opz, const Risultati& ris,
+                   std::span<SintesiEsiti> sintesi) {
+    const Confronti confronti(n, opz, ris);
+    for (int s = 0; s < n.nSollAg; ++s) {
+        SintesiEsiti& q = sintesi[static_cast<std::size_t>(s)];
+        q.presenti.fill(false);
+        q.governa = -1;
+        q.verificato = true;
+        confronti.Sestetto(s, [&q](const Riscontro& r) {
+            const auto f = static_cast<std::size_t>(r.famiglia);
+            q.verificato = q.verificato && r.passa;
+            if (q.presenti[f] && !(r.rapporto > q.peggiori[f].rapporto)) return;
+            q.presenti[f] = true;
+            q.peggiori[f] = r;
+        });
+        for (std::size_t f = 0; f < kFamiglie; ++f) {
+            if (!q.presenti[f]) continue;
+            if (q.governa < 0 || q.peggiori[f].rapporto > q.Governa().rapporto) {
+                q.governa = static_cast<int>(f);
+            }
+        }
+    }
+}
+
 SaldaturaTA VerificaSaldaturaTA(const Nodo& n, const FattoriTA& f, const Risultati& ris, int j,
                                 int s, double k) {
     const double P = ris.MaxS_prp(s, j), pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);

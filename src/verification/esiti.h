@@ -120,6 +120,18 @@ void GiudicaNodo(const Nodo& nodo, const Opzioni& opz, Risultati& ris);
 void FormaEsiti(const Nodo& nodo, const Opzioni& opz, const Risultati& ris, Esiti& esiti);
 Esiti EsitiDi(const Nodo& nodo, const Opzioni& opz, const Risultati& ris);
 
+// The findings of one load set without their rows.
+struct SintesiEsiti {
+    std::array<Riscontro, kFamiglie> peggiori;  // of each family, as Esiti::Peggiore has them
+    std::array<bool, kFamiglie> presenti{};     // families without a row have none
+    int governa = -1;                           // family of the largest ratio, -1 with no row
+    bool verificato = true;
+    const Riscontro& Governa() const { return peggiori[static_cast<std::size_t>(governa)]; }
+};
+// One for each load set of the joint; arguments as FormaEsiti. Allocates nothing.
+void RiassumiEsiti(const Nodo& nodo, const Opzioni& opz, const Risultati& ris,
+                   std::span<SintesiEsiti> sintesi);
+
 // TA: weld line j (0..29) of load set s against the factors of its steel, with the load case factor
 // k (CNR 10011/88). Stresses in daN/cm2.
 struct SaldaturaTA {

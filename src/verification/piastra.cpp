@@ -1,9 +1,12 @@
 #include "verification/piastra.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
 #include "base/aritmetica.h"
+#include "verification/piani.h"
 
 namespace tk07 {
 
@@ -55,53 +58,97 @@ bool InEquilibrio(const Nodo& n, const GeometriaVerifica& geo, int s, const Piat
     return false;
 }
 
-// Resultants of the contact on the strip y1..y2, without the bolts there.
-Piano ContattoStriscia(const Nodo& n, double y1, double y2, const Piano& piano) {
-    const double x = n.BPiastra(2) / 2.0;
-    PoligonoCompresso striscia;
-    striscia.polNVert = 4;
-    const double vx[] = {-x, -x, x, x};
-    const double vy[] = {y1, y2, y2, y1};
-    for (int j = 1; j <= 4; ++j) {
-        striscia.polX(j) = vx[j - 1];
-        striscia.polY(j) = vy[j - 1];
+// Resultants of the contact on a strip of plate 2, without the bolts there, for blocks of load
+// sets.
+class ContattoStriscia {
+  public:
+    ContattoStriscia(const Nodo& n, double y1, double y2, const Risultati& ris)
+        : n_(n), ris_(ris), r_{-n.BPiastra(2) / 2.0, n.BPiastra(2) / 2.0, y1, y2} {}
+
+    Piano Risultanti(int s) {
+        if (s < da_ || s >= da_ + quanti_) Calcola(s);
+        const auto i = static_cast<std::size_t>(s - da_);
+        Piano c;
+        for (std::size_t k = 0; k < 3; ++k) c(static_cast<long>(k) + 1) = risultanti_[k][i];
+        return c;
     }
-    striscia.Completa();
-    return RisultantiContatto(striscia, piano);
-}
+
+  private:
+    static constexpr int kBlocco = 64;
+    void Calcola(int da) {
+        da_ = da;
+        quanti_ = std::min(kBlocco, n_.nSollAg - da);
+        std::array<std::array<double, kBlocco>, 3> piani;
+        bool ordinari = Ordinario(r_);
+        for (int i = 0; i < quanti_; ++i) {
+            const auto riga = ris_.Piano.Riga(da + i);
+            for (std::size_t k = 0; k < 3; ++k) piani[k][static_cast<std::size_t>(i)] = riga[k];
+            ordinari = ordinari && PianoOrdinario(riga[0], riga[1], riga[2]);
+        }
+        if (ordinari) {
+            ContattiPiani(r_, static_cast<std::size_t>(quanti_),
+                          {{piani[0].data(), piani[1].data(), piani[2].data()},
+                           {risultanti_[0].data(), risultanti_[1].data(), risultanti_[2].data()}});
+            return;
+        }
+        PoligonoCompresso striscia;
+        striscia.polNVert = 4;
+        striscia.polX(1) = striscia.polX(2) = r_.xMin;
+        striscia.polX(3) = striscia.polX(4) = r_.xMax;
+        striscia.polY(1) = striscia.polY(4) = r_.yMin;
+        striscia.polY(2) = striscia.polY(3) = r_.yMax;
+        striscia.Completa();
+        for (int i = 0; i < quanti_; ++i) {
+            const Piano c = RisultantiContatto(striscia, PianoTensioni(ris_, da + i));
+            for (std::size_t k = 0; k < 3; ++k) {
+                risultanti_[k][static_cast<std::size_t>(i)] = c(static_cast<long>(k) + 1);
+            }
+        }
+    }
+
+    const Nodo& n_;
+    const Risultati& ris_;
+    RettangoloPiano r_;
+    int da_ = 0, quanti_ = 0;
+    std::array<std::array<double, kBlocco>, 3> risultanti_;
+};
 
 }  // namespace
 
 bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce& st, Risultati& ris,
                      const Piattaforma& p) {
+    const bool conSup = st.ySup2 - st.ySup1 > 0.0, conInf = st.yInf2 - st.yInf1 > 0.0;
+    ContattoStriscia sup(n, st.ySup1, st.ySup2, ris), inf(n, st.yInf1, st.yInf2, ris);
+    const auto y = n.Ybull.Tratto(1, n.nBull), area = geo.Area.Tratto(1, n.nBull);
     for (int s = 0; s < n.nSollAg; ++s) {
-        ris.SigPiastra2(s, 0) = 0.0;
         if (!InEquilibrio(n, geo, s, p)) return false;
-        const Piano piano = PianoTensioni(ris, s);
-        if (st.ySup2 - st.ySup1 > 0.0) {
+        const auto sigma = ris.Sigma.Riga(s, 1);
+        double sig = 0.0;
+        if (conSup) {
             double M = 0.0;
-            for (int i = 1; i <= n.nBull; ++i) {
-                if (n.Ybull(i) > st.ySup1 && Arrotonda(ris.Sigma(s, i), 0) != 0.0) {
-                    M = M - geo.Area(i) * ris.Sigma(s, i) * (n.Ybull(i) - st.ySup1);
+            for (std::size_t i = 0; i < y.size(); ++i) {
+                if (y[i] > st.ySup1 && Arrotonda(sigma[i], 0) != 0.0) {
+                    M = M - area[i] * sigma[i] * (y[i] - st.ySup1);
                 }
             }
-            const Piano c = ContattoStriscia(n, st.ySup1, st.ySup2, piano);
+            const Piano c = sup.Risultanti(s);
             M = M - c(1) + c(3) * st.ySup1;
             ris.MPiastra2(s, 1) = M;
-            ris.SigPiastra2(s, 0) = FlessionePiastra(n, 1, M, ris.SigPiastra2(s, 0));
+            sig = FlessionePiastra(n, 1, M, sig);
         }
-        if (st.yInf2 - st.yInf1 > 0.0) {
+        if (conInf) {
             double M = 0.0;
-            for (int i = 1; i <= n.nBull; ++i) {
-                if (n.Ybull(i) < st.yInf2 && Arrotonda(ris.Sigma(s, i), 0) != 0.0) {
-                    M = M - geo.Area(i) * ris.Sigma(s, i) * (st.yInf2 - n.Ybull(i));
+            for (std::size_t i = 0; i < y.size(); ++i) {
+                if (y[i] < st.yInf2 && Arrotonda(sigma[i], 0) != 0.0) {
+                    M = M - area[i] * sigma[i] * (st.yInf2 - y[i]);
                 }
             }
-            const Piano c = ContattoStriscia(n, st.yInf1, st.yInf2, piano);
+            const Piano c = inf.Risultanti(s);
             M = M + c(1) - c(3) * st.yInf2;
             ris.MPiastra2(s, 2) = M;
-            ris.SigPiastra2(s, 0) = FlessionePiastra(n, 2, M, ris.SigPiastra2(s, 0));
+            sig = FlessionePiastra(n, 2, M, sig);
         }
+        ris.SigPiastra2(s, 0) = sig;
     }
     return true;
 }

@@ -3,15 +3,14 @@
 #include <array>
 #include <cmath>
 
+#include "verification/passi_piano.h"
+
 namespace tk07 {
 
 namespace {
 
 constexpr double kToll = 0.0001;
-constexpr int kPassate = 100;
 
-// Integrals under the edge y = m x + q from x1 to x2; the sum over all edges of a closed polygon is
-// the integral over it (divergence theorem), positive with the vertices in clockwise order.
 struct Lato {
     double x1, y1, x2, y2;
     double Area() const { return (y1 + y2) / 2.0 * (x2 - x1); }
@@ -93,10 +92,11 @@ namespace {
 
 using Matrice = std::array<std::array<double, 4>, 4>;  // 1-based, row and column 0 unused
 
-// Second and first moments and area, of a part of the polygon or of bars.
-struct Momenti {
-    double yy = 0.0, xy = 0.0, sy = 0.0, xx = 0.0, sx = 0.0, area = 0.0;
-};
+using Momenti = MomentiPiano<double>;
+
+Matrice Simmetrica(const Momenti& t) {
+    return {{{}, {0.0, t.yy, t.xy, t.sy}, {0.0, t.xy, t.xx, t.sx}, {0.0, t.sy, t.sx, t.area}}};
+}
 
 class Solutore {
   public:
@@ -121,7 +121,8 @@ class Solutore {
     Piano eps0_, scarto_;
     PianoRisolto e_;
     Tab1<double, 1, 2 * PoligonoCompresso::kVertici + 1> compX_, compY_;  // compressed part, closed
-    Matrice matPol_{}, matTot_{};  // the compressed part less its bars; with all bars
+    Matrice matPol_{};  // the compressed part less its bars
+    Momenti tot_;       // ... with all bars
 };
 
 PianoRisolto Solutore::Risolvi() {
@@ -162,8 +163,7 @@ Piano Solutore::Contatto(const Piano& piano) {
 
 bool Solutore::Convergenza() const {
     for (int k = 1; k <= 3; ++k) {
-        const double tol = std::fabs(0.01 * e_.rhsForze(k) / 100.0) + 1.0;
-        if (!(scarto_(k) < tol)) return false;
+        if (!(scarto_(k) < TolleranzaPiano(e_.rhsForze(k)))) return false;
     }
     return true;
 }
@@ -171,9 +171,7 @@ bool Solutore::Convergenza() const {
 void Solutore::PreparaCarico() {
     const double rifX = p_.polRifFisso == 1 ? p_.polRifX : e_.polXG;
     const double rifY = p_.polRifFisso == 1 ? p_.polRifY : e_.polYG;
-    e_.rhsForze(1) = p_.polAzioni(1) + rifY * p_.polAzioni(3);
-    e_.rhsForze(2) = p_.polAzioni(2) + rifX * p_.polAzioni(3);
-    e_.rhsForze(3) = p_.polAzioni(3);
+    e_.rhsForze = CaricoInOrigine(p_.polAzioni, rifX, rifY);
     if (!DueAssi()) e_.rhsForze(2) = 0.0;
 }
 
@@ -186,21 +184,15 @@ Momenti Solutore::IntegraParte() const {
     for (std::size_t j = 0; j + 1 < vx.size(); ++j) {
         const Lato l{vx[j], vy[j], vx[j + 1], vy[j + 1]};
         if (Verticale(l)) continue;
-        const double m = (l.y2 - l.y1) / (l.x2 - l.x1);
-        const double q = l.y1 - m * l.x1;
-        const double d1 = l.x2 - l.x1;
-        const double d2 = l.x2 * l.x2 - l.x1 * l.x1;
-        const double d3 = l.x2 * l.x2 * l.x2 - l.x1 * l.x1 * l.x1;
-        const double d4 = l.x2 * l.x2 * l.x2 * l.x2 - l.x1 * l.x1 * l.x1 * l.x1;
-        t.area += l.Area() * e;
-        t.sy += (m * m / 3.0 * d3 + q * q * d1 + m * q * d2) / 2.0 * e;
-        t.yy += (m * m * m / 4.0 * d4 + m * m * q * d3 + 3.0 * m * (q * q) / 2.0 * d2 +
-                 q * q * q * d1) /
-                3.0 * e;
+        Momenti lato;
+        IntegraLato(l.x1, l.y1, l.x2, l.y2, lato);
+        t.area += lato.area * e;
+        t.sy += lato.sy * e;
+        t.yy += lato.yy * e;
         if (!DueAssi()) continue;
-        t.sx += (m / 3.0 * d3 + q / 2.0 * d2) * e;
-        t.xx += (m / 4.0 * d4 + q / 3.0 * d3) * e;
-        t.xy += (m * m / 4.0 * d4 + 2.0 * m * q / 3.0 * d3 + q * q / 2.0 * d2) / 2.0 * e;
+        t.sx += lato.sx * e;
+        t.xx += lato.xx * e;
+        t.xy += lato.xy * e;
     }
     return t;
 }
@@ -246,20 +238,18 @@ void Solutore::Integra() {
             }
         }
     }
-    matPol_[1] = {0.0, c.yy, c.xy, c.sy};
-    matPol_[2] = {0.0, c.xy, c.xx, c.sx};
-    matPol_[3] = {0.0, c.sy, c.sx, c.area};
-    matTot_[1] = {0.0, c.yy + b.yy, c.xy + b.xy, c.sy + b.sy};
-    matTot_[2] = {0.0, c.xy + b.xy, dueAssi ? c.xx + b.xx : 1.0, c.sx + b.sx};
-    matTot_[3] = {0.0, c.sy + b.sy, c.sx + b.sx, c.area + b.area};
+    matPol_ = Simmetrica(c);
+    tot_ = {c.yy + b.yy, c.xy + b.xy, c.sy + b.sy, c.xx + b.xx, c.sx + b.sx, c.area + b.area};
+    if (!dueAssi) tot_.xx = 1.0;
 }
 
 Piano Solutore::Risultanti() const {
+    const Matrice matTot = Simmetrica(tot_);
     Piano risult;
     for (int k = 1; k <= 3; ++k) {
         const auto r = static_cast<std::size_t>(k);
         double s = 0.0;
-        for (int m = 1; m <= 3; ++m) s += matTot_[r][static_cast<std::size_t>(m)] * e_.polPiano(m);
+        for (int m = 1; m <= 3; ++m) s += matTot[r][static_cast<std::size_t>(m)] * e_.polPiano(m);
         for (int m = 1; m <= 3; ++m) s -= matPol_[r][static_cast<std::size_t>(m)] * eps0_(m);
         for (int i = 1; i <= p_.polNBarre; ++i) {
             const double braccio = k == 1 ? p_.barY(i) : k == 2 ? p_.barX(i) : 1.0;
@@ -272,7 +262,6 @@ Piano Solutore::Risultanti() const {
 }
 
 bool Solutore::RisolviSistema() {
-    Matrice a = matTot_;
     std::array<double, 4> noto{};
     for (int k = 1; k <= 3; ++k) {
         const auto r = static_cast<std::size_t>(k);
@@ -284,23 +273,14 @@ bool Solutore::RisolviSistema() {
         }
         noto[r] = e_.rhsForze(k) / p_.polERif + iniziale;
     }
-    const auto elimina = [&](std::size_t da, std::size_t su) {
-        const double f = -a[su][da] / a[da][da];
-        for (std::size_t c = da; c <= 3; ++c) a[su][c] += f * a[da][c];
-        noto[su] += f * noto[da];
-    };
-    constexpr double kPivot = 0.0001;
-    // No pivot search: the order of the unknowns is fixed.
-    if (!(std::fabs(a[1][1]) >= kPivot)) return false;
-    elimina(1, 3);
-    elimina(1, 2);
-    if (!(std::fabs(a[2][2]) >= kPivot)) return false;
-    elimina(2, 3);
-    if (!(std::fabs(a[3][3]) >= kPivot)) return false;
+    const auto x = tk07::RisolviSistema(tot_, noto[1], noto[2], noto[3]);
+    for (const double pivot : {x.pivot1, x.pivot2, x.pivot3}) {
+        if (!(std::fabs(pivot) >= kPivot)) return false;
+    }
     Piano& c = e_.polPiano;
-    c(3) = noto[3] / a[3][3];
-    c(2) = (noto[2] - a[2][3] * c(3)) / a[2][2];
-    c(1) = (noto[1] - a[1][2] * c(2) - a[1][3] * c(3)) / a[1][1];
+    c(1) = x.c1;
+    c(2) = x.c2;
+    c(3) = x.c3;
     for (int k = 1; k <= 3; ++k) e_.pianoPol(k) = c(k) - eps0_(k);
     return true;
 }

@@ -41,6 +41,16 @@ struct PoligonoCompresso {
     void Completa();
 };
 
+// Actions moved to the origin, where the plane's resultants are taken.
+inline Tab1<double, 1, 3> CaricoInOrigine(const Tab1<double, 1, 3>& azioni, double rifX,
+                                          double rifY) {
+    Tab1<double, 1, 3> c;
+    c(1) = azioni(1) + rifY * azioni(3);
+    c(2) = azioni(2) + rifX * azioni(3);
+    c(3) = azioni(3);
+    return c;
+}
+
 enum class StatoPiano {
     equilibrio,
     singolare,       // a pivot below 0.0001, or neither vertices nor bars

@@ -1,6 +1,7 @@
 #include "verification/resistenze.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -88,34 +89,47 @@ void ResistenzeBulloni(const Nodo& n, const Opzioni& opz, const GeometriaVerific
 
 void CoefficientiBulloni(const Nodo& n, Risultati& ris) {
     constexpr double kSenzaResistenza = 100.0;
+    struct Resistenze {
+        double taglio = 0.0, trazione = 0.0;
+        bool vOk = false, tOk = false;
+    };
+    std::array<Resistenze, kMaxBulloni> r;
+    const auto bulloni = static_cast<std::size_t>(n.nBull);
+    for (std::size_t i = 0; i < bulloni; ++i) {
+        const long k = static_cast<long>(i) + 1;
+        r[i] = {Min(ris.Fv_Rd(k), ris.Fb_Rd(k)), Min(ris.Ft_Rd(k), ris.Bp_Rd(k)),
+                ris.Fv_Rd(k) > 0.0 && ris.Fb_Rd(k) > 0.0, ris.Ft_Rd(k) > 0.0 && ris.Bp_Rd(k) > 0.0};
+    }
     for (int s = 0; s < n.nSollAg; ++s) {
-        for (int i = 1; i <= n.nBull; ++i) {
-            const double Fv = std::fabs(ris.Fv_Ed(s, i));
-            const double Ft = std::fabs(ris.Ft_Ed(s, i));
-            const double Rv = Min(ris.Fv_Rd(i), ris.Fb_Rd(i));
-            const double Rt = Min(ris.Ft_Rd(i), ris.Bp_Rd(i));
-            const bool vOk = ris.Fv_Rd(i) > 0.0 && ris.Fb_Rd(i) > 0.0;
-            const bool tOk = ris.Ft_Rd(i) > 0.0 && ris.Bp_Rd(i) > 0.0;
-            double co1 = 0.0;
-            if (!(ris.Ft_Ed(s, i) > 0.0)) {
-                if (Fv > 0.0) co1 = vOk ? Fv / Rv : kSenzaResistenza;
+        const auto fv = ris.Fv_Ed.Riga(s, 1), ft = ris.Ft_Ed.Riga(s, 1), co1 = ris.Co1.Riga(s, 1),
+                   co2 = ris.Co2.Riga(s, 1);
+        for (std::size_t i = 0; i < bulloni; ++i) {
+            const auto [Rv, Rt, vOk, tOk] = r[i];
+            const double Fv = std::fabs(fv[i]), Ft = std::fabs(ft[i]);
+            double c = 0.0;
+            if (!(ft[i] > 0.0)) {
+                if (Fv > 0.0) c = vOk ? Fv / Rv : kSenzaResistenza;
             } else if (Fv > 0.0) {
-                co1 = vOk && tOk ? Fv / Rv + (Ft / ntc::kTrazioneConTaglio) / Rt : kSenzaResistenza;
+                c = vOk && tOk ? Fv / Rv + (Ft / ntc::kTrazioneConTaglio) / Rt : kSenzaResistenza;
             } else {
-                co1 = tOk ? Ft / Rt : kSenzaResistenza;
+                c = tOk ? Ft / Rt : kSenzaResistenza;
             }
-            ris.Co1(s, i) = co1;
-            ris.Co2(s, i) = tOk ? Ft / Rt : kSenzaResistenza;
+            co1[i] = c;
+            co2[i] = tOk ? Ft / Rt : kSenzaResistenza;
         }
     }
 }
 
 void SigRifollamento(const Nodo& n, const GeometriaVerifica& geo, Risultati& ris) {
+    const auto area = geo.Area.Tratto(1, n.nBull), d = n.Fibull.Tratto(1, n.nBull);
+    const double t1 = n.SpPiastra(1), t2 = n.SpPiastra(2);
     for (int s = 0; s < n.nSollAg; ++s) {
-        for (int i = 1; i <= n.nBull; ++i) {
-            const double forza = geo.Area(i) * ris.Tau(s, i);
-            ris.SigRifPias1(s, i - 1) = std::fabs(forza / n.Fibull(i) / n.SpPiastra(1));
-            ris.SigRifPias2(s, i - 1) = std::fabs(forza / n.Fibull(i) / n.SpPiastra(2));
+        const auto tau = ris.Tau.Riga(s, 1), sig1 = ris.SigRifPias1.Riga(s),
+                   sig2 = ris.SigRifPias2.Riga(s);
+        for (std::size_t i = 0; i < area.size(); ++i) {
+            const double perDiametro = area[i] * tau[i] / d[i];
+            sig1[i] = std::fabs(perDiametro / t1);
+            sig2[i] = std::fabs(perDiametro / t2);
         }
     }
 }

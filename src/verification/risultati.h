@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 #include <vector>
 
+#include "base/aritmetica.h"
 #include "base/tabella.h"
 #include "joint/nodo.h"
 
@@ -43,7 +45,9 @@ struct Risultati {
     bool NodoVerificato = false;
 
     // The larger absolute stress of the two ends of line j.
-    double MaxS_prp(int s, int j) const;
+    double MaxS_prp(int s, int j) const {
+        return Max(std::fabs(S_prp2(s, j)), std::fabs(S_prp1(s, j)));
+    }
 };
 
 // Stress plane c1 y + c2 x + c3 of load set s [daN/mm2], tension positive.

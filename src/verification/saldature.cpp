@@ -76,11 +76,12 @@ void LunghezzeSaldature(const Nodo& n, Risultati& ris) {
 }
 
 void CalcolaSEq(int s, Risultati& ris) {
-    for (int j = 0; j < kLineeSaldatura; ++j) {
-        const double P = ris.MaxS_prp(s, j);
-        const double pa = ris.Tau_pa(s, j), pe = ris.Tau_pe(s, j);
-        ris.SEq1(s, j) = std::sqrt(P * P + pa * pa + pe * pe);
-        ris.SEq2(s, j) = std::fabs(P) + std::fabs(pe);
+    const auto p1 = ris.S_prp1.Riga(s), p2 = ris.S_prp2.Riga(s), pa = ris.Tau_pa.Riga(s),
+               pe = ris.Tau_pe.Riga(s), e1 = ris.SEq1.Riga(s), e2 = ris.SEq2.Riga(s);
+    for (std::size_t j = 0; j < p1.size(); ++j) {
+        const double P = Max(std::fabs(p2[j]), std::fabs(p1[j]));
+        e1[j] = std::sqrt(P * P + pa[j] * pa[j] + pe[j] * pe[j]);
+        e2[j] = std::fabs(P) + std::fabs(pe[j]);
     }
 }
 

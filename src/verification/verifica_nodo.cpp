@@ -72,6 +72,11 @@ EsitoVerifica CalcolaNodo(const Nodo& n, const Opzioni& opz, Risultati& ris, con
                     Pulsanti::OKAnnulla) != Risposta::OK) {
         return EsitoVerifica::nonPossibile;
     }
+    return CalcolaTensioni(n, opz, ris, p);
+}
+
+EsitoVerifica CalcolaTensioni(const Nodo& n, const Opzioni& opz, Risultati& ris,
+                              const Piattaforma& p) {
     try {
         return Passi(n, opz, ris, p) ? EsitoVerifica::completata : EsitoVerifica::nonPossibile;
     } catch (const GrandezzaNulla& g) {

@@ -18,6 +18,10 @@ enum class EsitoVerifica {
 EsitoVerifica CalcolaNodo(const Nodo& nodo, const Opzioni& opz, Risultati& ris,
                           const Piattaforma& p);
 
+// The same without the spacing rules, for a joint that has a bolt.
+EsitoVerifica CalcolaTensioni(const Nodo& nodo, const Opzioni& opz, Risultati& ris,
+                              const Piattaforma& p);
+
 // The whole verification by the joint's method: the calculation and, when it was completed, its
 // findings. The memory of `ris` and `esiti` is used again.
 EsitoVerifica VerificaNodo(const Nodo& nodo, const Opzioni& opz, Risultati& ris, Esiti& esiti,

@@ -4,12 +4,14 @@
 
 #include <functional>
 #include <memory>
+#include <random>
 #include <thread>
 
 #include "base/testo.h"
 #include "nodo_di_prova.h"
 #include "session/verifica_sessione.h"
 #include "unit/joint/confronto.h"
+#include "verification/esame_rapido.h"
 #include "verification/interassi.h"
 #include "verification/saldature.h"
 
@@ -297,6 +299,69 @@ TEST_F(Verifica, NoLoadSetAndASecondRun) {
     EXPECT_EQ(porta.Testi(), Testi{"ATTENZIONE: nodo non verificato!"});
     EXPECT_EQ(porta.detti[0].segno, Segno::esclamazione);
     EXPECT_FALSE(ris.NodoVerificato);
+}
+
+// Sets tried one against the other say what the verification of each alone finds; a set that stops
+// it leaves the others alone.
+TEST(EsameRapido, SaysWhatTheFindingsOfEverySetSay) {
+    std::mt19937_64 gen(3);
+    const auto fra = [&gen](double a, double b) {
+        return std::uniform_real_distribution<>(a, b)(gen);
+    };
+    const Opzioni opz = prova::OpzioniDiProva();
+    int fermati = 0, verificati = 0;
+    for (const Metodo metodo : {Metodo::SLU, Metodo::TA}) {
+        for (const int bulloni : {4, 1, 2, 100}) {
+            Nodo n = prova::NodoDiProva(metodo);
+            if (bulloni == 1) prova::MettiBulloni(n, {{0, 185, 20}});
+            if (bulloni == 2) n.nBull = 2;
+            for (int i = 0; bulloni == 100 && i < 100; ++i) {
+                n.nBull = 100;
+                n.Xbull(i + 1) = -80 + 16 * (i % 10) + 8, n.Ybull(i + 1) = 40 + 30 * (i / 10);
+                n.Fibull(i + 1) = i % 3 == 0 ? 10 : 8;
+            }
+            std::vector<SestettoProvato> prove;
+            for (int s = 0; s < 70; ++s) {
+                const double f = std::pow(10.0, fra(0, s % 2 == 0 ? 3 : 1));
+                const bool zero = s % 9 == 0;
+                prove.push_back({fra(-10, 5) * f, fra(0, 5) * f, zero ? 0 : fra(-1, 1) * f,
+                                 zero || bulloni == 1 ? 0 : fra(-9, 9) * f, fra(-30, 30) * f,
+                                 fra(-60, 60) * f, static_cast<short>(s % 2)});
+            }
+            std::vector<GiudizioRapido> giudizi(prove.size());
+            EsameRapido esame(n, opz);
+            esame.Giudica(prove, giudizi);
+            for (std::size_t s = 0; s < prove.size(); ++s) {
+                SCOPED_TRACE(testing::Message() << bulloni << " bolts, set " << s);
+                const SestettoProvato& a = prove[s];
+                n.nSollAg = 0;
+                prova::AggiungiSestetto(n, a.N, a.Ty, a.Tz, a.Mt, a.My, a.Mz);
+                n.CasoCarico(0) = a.caso;
+                Risultati ris;
+                Esiti e;
+                const bool calcolato =
+                    VerificaNodo(n, opz, ris, e, PiattaformaMuta()) == EsitoVerifica::completata;
+                const GiudizioRapido& g = giudizi[s];
+                ASSERT_EQ(g.calcolato, calcolato);
+                EXPECT_EQ(g.Verificato(), calcolato && e.verificato);
+                fermati += calcolato ? 0 : 1, verificati += g.Verificato() ? 1 : 0;
+                if (!calcolato) continue;
+                for (std::size_t f = 0; f <= kFamiglie; ++f) {
+                    const Riscontro* atteso =
+                        f == kFamiglie ? e.Governa() : e.Peggiore(0, static_cast<Famiglia>(f));
+                    const Riscontro& r = f == kFamiglie ? g.esiti.Governa() : g.esiti.peggiori[f];
+                    ASSERT_EQ(f == kFamiglie || g.esiti.presenti[f], atteso != nullptr);
+                    if (atteso == nullptr) continue;
+                    EXPECT_EQ(r.sestetto, static_cast<int>(s));
+                    EXPECT_EQ(std::tie(r.famiglia, r.confronto, r.elemento, r.rapporto, r.domanda),
+                              std::tie(atteso->famiglia, atteso->confronto, atteso->elemento,
+                                       atteso->rapporto, atteso->domanda));
+                }
+            }
+        }
+    }
+    EXPECT_GE(fermati, 5);
+    EXPECT_GT(verificati, 20);
 }
 
 TEST(VerificaParallela, TwoThreadsGiveTheReportsOfOne) {

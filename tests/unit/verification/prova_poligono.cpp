@@ -1,6 +1,14 @@
+// Vectors wider than the machine's are split by the compiler; none crosses a library here.
+#pragma GCC diagnostic ignored "-Wpsabi"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
+#include <random>
+
 #include "nodo_di_prova.h"
+#include "verification/nucleo_piani.h"
 #include "verification/piastra.h"
 
 namespace tk07 {
@@ -127,6 +135,102 @@ TEST(Contatto, OneAxisOnlyAndTheCentroidAsReference) {
     e = Risolvi(p);
     ASSERT_EQ(e.stato, StatoPiano::equilibrio);
     EXPECT_NEAR(ValorePiano(e.polPiano, 100, 0), 1.0, 1e-9);
+}
+
+// Load sets side by side have the bits of the solver that takes them one by one, whatever the
+// width: random rectangles (some turned), bolts in and on them, in a row, one, two or a hundred,
+// loads that do nothing, that compress or pull everything, that stop.
+TEST(Contatto, LanesHaveTheBitsOfTheScalarSolver) {
+    std::mt19937_64 gen(7);
+    const auto fra = [&gen](double a, double b) {
+        return std::uniform_real_distribution<>(a, b)(gen);
+    };
+    const auto forse = [&](double p) { return fra(0, 1) < p; };
+    constexpr std::size_t kSestetti = 13;
+    using Colonna = std::array<double, kSestetti>;
+    std::array<int, 4> visti{};
+    for (int giro = 0; giro < 150; ++giro) {
+        const double B = std::floor(fra(20, 200)), y0 = forse(0.4) ? 0 : std::floor(fra(0, 60));
+        const double y1 = y0 + std::floor(fra(-20, 400));
+        const int nBarre = forse(0.15) ? 1 : forse(0.15) ? 2 : forse(0.05) ? 100 : 4 + giro % 17;
+        std::vector<Barra> barre;
+        const bool inFila = forse(0.15);
+        for (int i = 0; i < nBarre; ++i) {
+            barre.push_back({inFila ? 0 : std::floor(fra(-B - 3, B + 3)),
+                             std::floor(fra(std::min(y0, y1), std::max(y0, y1))), fra(80, 600)});
+        }
+        PoligonoCompresso pol = Problema(-B, B, y0, y1, barre, {});
+        pol.polRifY = fra(0, 300);
+        pol.Completa();
+        std::array<Colonna, 3> carico{}, piano{}, contatto{};
+        std::array<PianoRisolto, kSestetti> attesi;
+        for (std::size_t s = 0; s < kSestetti; ++s) {
+            const double forza = forse(0.1) ? 0 : std::pow(10.0, fra(0, 5));
+            pol.polAzioni(1) = forse(0.2) ? 0 : fra(-200, 200) * forza;
+            pol.polAzioni(2) = forse(0.3) ? 0 : fra(-80, 80) * forza;
+            pol.polAzioni(3) = forse(0.2) ? 0 : fra(-1, 0.6) * forza;
+            attesi[s] = RisolviPiano(pol);
+            ++visti[static_cast<std::size_t>(attesi[s].stato)];
+            const auto c = CaricoInOrigine(pol.polAzioni, 0.0, pol.polRifY);
+            for (std::size_t k = 0; k < 3; ++k) carico[k][s] = c(static_cast<long>(k) + 1);
+        }
+        const ProblemaPiani pr = PreparaPiani(pol);
+        ASSERT_TRUE(pr.ordinario);
+        std::array<char, kSestetti> risolto{};
+        const ColonnePiani col{{carico[0].data(), carico[1].data(), carico[2].data()},
+                               {piano[0].data(), piano[1].data(), piano[2].data()},
+                               risolto.data()};
+        const ColonneContatti con{{piano[0].data(), piano[1].data(), piano[2].data()},
+                                  {contatto[0].data(), contatto[1].data(), contatto[2].data()}};
+        const double ya = y0 + fra(0, 40);
+        const RettangoloPiano r{-B, B, ya, ya + fra(0, 60)};
+        const PoligonoCompresso striscia = [&] {
+            PoligonoCompresso p = Problema(-B, B, r.yMin, r.yMax, {}, {});
+            p.Completa();
+            return p;
+        }();
+        for (const int larghezza : {0, 1, 2, 4, 8}) {  // 0: what the program chooses
+            risolto.fill(7), piano = {}, contatto = {};
+            const auto conta = [&]<int W>() {
+                NucleoPiani<W>::Risolvi(pr, kSestetti, col);
+                NucleoPiani<W>::Contatti(r, kSestetti, con);
+            };
+            switch (larghezza) {
+                case 0:
+                    RisolviPiani(pr, kSestetti, col);
+                    ContattiPiani(r, kSestetti, con);
+                    break;
+                case 1:
+                    conta.operator()<1>();
+                    break;
+                case 2:
+                    conta.operator()<2>();
+                    break;
+                case 4:
+                    conta.operator()<4>();
+                    break;
+                default:
+                    conta.operator()<8>();
+            }
+            for (std::size_t s = 0; s < kSestetti; ++s) {
+                SCOPED_TRACE(testing::Message() << giro << " " << s << " " << larghezza);
+                const bool bene = attesi[s].stato == StatoPiano::equilibrio;
+                ASSERT_EQ(risolto[s], bene ? 1 : 0);
+                if (!bene) continue;
+                const Piano c = RisultantiContatto(striscia, attesi[s].polPiano);
+                for (std::size_t k = 0; k < 3; ++k) {
+                    const long m = static_cast<long>(k) + 1;
+                    ASSERT_EQ(std::bit_cast<long>(piano[k][s]),
+                              std::bit_cast<long>(attesi[s].polPiano(m)));
+                    ASSERT_EQ(contatto[k][s], c(m));
+                }
+            }
+        }
+    }
+    for (const auto stato :
+         {StatoPiano::equilibrio, StatoPiano::singolare, StatoPiano::areeNegative}) {
+        EXPECT_GT(visti[static_cast<std::size_t>(stato)], 10);
+    }
 }
 
 TEST(Contatto, PointInPolygon) {
