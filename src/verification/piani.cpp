@@ -15,14 +15,12 @@ constexpr double kMassimo = 1e6;  // mm, mm2
 
 bool Entro(double x) { return std::fabs(x) <= kMassimo; }
 
-bool ConAvx2() {
 #ifdef TK07_AVX2
+bool ConAvx2() {
     static const bool c = __builtin_cpu_supports("avx2") != 0;
     return c;
-#else
-    return false;
-#endif
 }
+#endif
 
 }  // namespace
 
