@@ -150,9 +150,7 @@ void ScenaCompostaEScritta(benchmark::State& stato) {
     const std::string file = (cartella / "scena.tmp").string();
     Scena s;
     for (auto _ : stato) {
-        Risultati ris;
-        LunghezzeSaldature(nodo, ris);
-        if (!ComponiScena3D(nodo, ris.LungSald, nullptr, s, p) || !ScriviScena(s, file, p)) {
+        if (!ComponiScena3D(nodo, GeometriaDi(nodo), nullptr, s, p) || !ScriviScena(s, file, p)) {
             stato.SkipWithError("scena non scritta");
         }
     }

@@ -5,19 +5,17 @@
 #include "nodo_banco.h"
 #include "solidi/esporta_solidi.h"
 #include "solidi/linee_nascoste.h"
-#include "verification/saldature.h"
 
 namespace tk07 {
 namespace {
 
 std::vector<Parte> Solidi(const Nodo& nodo) {
-    Risultati ris;
-    LunghezzeSaldature(nodo, ris);
+    const Geometria g = GeometriaDi(nodo);
     Scena s;
     std::vector<Parte> parti;
     std::string errore;
-    if (!ComponiScena3D(nodo, ris.LungSald, nullptr, s, PiattaformaMuta()) ||
-        !SolidiNodo(nodo, ris.LungSald, 2.0, s, parti, errore)) {
+    if (!ComponiScena3D(nodo, g, nullptr, s, PiattaformaMuta()) ||
+        !SolidiNodo(nodo, g, 2.0, s, parti, errore)) {
         parti.clear();
     }
     return parti;

@@ -8,16 +8,14 @@
 #include "solidi/distinta.h"
 #include "solidi/esporta_solidi.h"
 #include "solidi/solidi.h"
-#include "verification/saldature.h"
 
 namespace tk07::cli {
 
 namespace {
 
 bool Solidi(const Sessione& s, std::vector<Parte>& parti, std::string& errore) {
-    Risultati ris;
-    LunghezzeSaldature(s.nodo, ris);
-    return SolidiNodo(s.nodo, ris.LungSald, s.opz.ValOpz(kOpzTollForo), s.scena, parti, errore);
+    return SolidiNodo(s.nodo, GeometriaDi(s.nodo), s.opz.ValOpz(kOpzTollForo), s.scena, parti,
+                      errore);
 }
 
 Json JsonRighe(const std::vector<RigaDistinta>& righe, bool saldature) {

@@ -50,30 +50,19 @@ QPolygonF Cerchio(double cx, double cy, double r) {
 
 class Compositore {
   public:
-    Compositore(const Nodo& n, double gioco) : n_(n), gioco_(gioco) {
-        yBase_ = n.HPiastra(1) / 2.0 - n.TraPri.H / 2.0;  // lower side of the main beam
-        ySec_ = AsseSecondaria(n) - n.TraSec.H / 2.0;
-        yTop_ = ySec_ + n.TraSec.H;
-        cima2_ = CimaPiastra2(n);
-        zf_ = n.TraPri.B / 2.0 + n.distPiastraTraPri;  // between the plates
-        zs_ = zf_ + n.SpPiastra(2);
+    Compositore(const Nodo& n, double gioco) : n_(n), g_(GeometriaDi(n)), gioco_(gioco) {
+        yBase_ = Su(-n.TraPri.H / 2.0);  // lower side of the main beam
         const double nerv =
             std::max(n.AttNerv(1) ? n.BNerv(1) : 0.0, n.AttNerv(2) ? n.BNerv(2) : 0.0);
-        zFine_ = zs_ + std::max(nerv * 1.25, 0.5 * n.TraSec.H) + 20.0;
+        zFine_ = g_.xS + std::max(nerv * 1.25, 0.5 * n.TraSec.H) + 20.0;
         largo_ = std::max({n.BPiastra(1), n.BPiastra(2), n.TraSec.B}) / 2.0 * 1.25 + 20.0;
     }
 
     DisegnoNodo Fai() {
-        try {
-            Risultati ris;
-            LunghezzeSaldature(n_, ris);
-            for (int j = 0; j < 15; ++j) lung_[j] = ris.LungSald(j);
-        } catch (const GrandezzaNulla&) {  // drawn without welds
-        }
         Fronte();
         Lato();
         Pianta();
-        Saldature();
+        if (GrandezzaMancante(g_) == nullptr) Saldature();
         Bulloni();
         Quote();
         for (const Forma& f : d_.forme) {
@@ -87,10 +76,22 @@ class Compositore {
     void Metti(Vista v, Parte p, QPolygonF q, bool nascosta = false, int indice = 0) {
         d_.forme.push_back({v, p, indice, std::move(q), nascosta});
     }
-    double Sotto(int k) const { return k == 1 ? 0.0 : cima2_ - n_.HPiastra(2); }
-    double Sopra(int k) const { return k == 1 ? n_.HPiastra(1) : cima2_; }
-    // Rib 1 stands on the upper flange, rib 2 hangs from the lower one.
-    double RadiceNervatura(int k) const { return k == 1 ? yTop_ : ySec_; }
+    // Height z of the joint's axes on the plates.
+    double Su(double z) const { return z - g_.zP1; }
+    // Rib k seen along the secondary beam.
+    QPolygonF Faccia(int k) const {
+        const SagomaNervatura& r = g_.nervatura(k);
+        const double s = n_.SpNerv(k) / 2.0;
+        return Rett(-s, r.yRadice, s, r.yRadice + r.verso * n_.H1Nerv(k));
+    }
+    QPolygonF Fianco(const SagomaNervatura& r) const {
+        QPolygonF q;
+        for (int i = 0; i <= r.nVertici; ++i) {
+            const Punto2& p = r.inNodo[static_cast<std::size_t>(i % r.nVertici)];
+            q << QPointF(p[0], Su(p[1]));
+        }
+        return q;
+    }
 
     void Fronte() {
         const ProfiloRec& t = n_.TraPri;
@@ -100,46 +101,31 @@ class Compositore {
               Rett(-largo_, yBase_ + t.H - t.tf, largo_, yBase_ + t.H));
         for (int k = 1; k <= 2; ++k) {
             Metti(Vista::fronte, k == 1 ? Parte::piastra1 : Parte::piastra2,
-                  Rett(-n_.BPiastra(k) / 2.0, Sotto(k), n_.BPiastra(k) / 2.0, Sopra(k)));
+                  Rett(g_.piastra(k).xMin, g_.piastra(k).yMin, g_.piastra(k).xMax,
+                       g_.piastra(k).yMax));
         }
-        const double m = n_.HPiastra(1) / 2.0, h = n_.H1Nerv(3) / 2.0, s = n_.SpNerv(3) / 2.0;
-        Metti(Vista::fronte, Parte::nervatura3, Rett(-s, m - h, s, m + h), true);
-        Metti(Vista::fronte, Parte::secondaria, SezioneI(n_.TraSec, 0.0, ySec_));
+        Metti(Vista::fronte, Parte::nervatura3, Faccia(3), true);
+        Metti(Vista::fronte, Parte::secondaria, SezioneI(n_.TraSec, 0.0, g_.yS));
         for (int k = 1; k <= 2; ++k) {
             if (!n_.AttNerv(k)) continue;
-            const double y = RadiceNervatura(k), verso = k == 1 ? 1.0 : -1.0;
-            Metti(Vista::fronte, k == 1 ? Parte::nervatura1 : Parte::nervatura2,
-                  Rett(-n_.SpNerv(k) / 2.0, y, n_.SpNerv(k) / 2.0, y + verso * n_.H1Nerv(k)));
+            Metti(Vista::fronte, k == 1 ? Parte::nervatura1 : Parte::nervatura2, Faccia(k));
         }
     }
 
     void Lato() {
         const ProfiloRec& s = n_.TraSec;
         Metti(Vista::lato, Parte::principale, SezioneI(n_.TraPri, 0.0, yBase_));
-        const double m = n_.HPiastra(1) / 2.0, h = n_.H1Nerv(3) / 2.0;
-        const double z1 = n_.TraPri.tw / 2.0, z2 = zf_ - n_.SpPiastra(1), c = n_.SmussoNerv(3);
-        Metti(Vista::lato, Parte::nervatura3,
-              QPolygonF({{z1 + c, m - h},
-                         {z2, m - h},
-                         {z2, m + h},
-                         {z1 + c, m + h},
-                         {z1, m + h - c},
-                         {z1, m - h + c},
-                         {z1 + c, m - h}}));
-        Metti(Vista::lato, Parte::secondaria, Rett(zs_, ySec_, zFine_, yTop_));
-        Metti(Vista::lato, Parte::secondaria, Rett(zs_, ySec_, zFine_, ySec_ + s.tf));
-        Metti(Vista::lato, Parte::secondaria, Rett(zs_, yTop_ - s.tf, zFine_, yTop_));
-        Metti(Vista::lato, Parte::piastra1, Rett(zf_ - n_.SpPiastra(1), 0.0, zf_, n_.HPiastra(1)));
-        Metti(Vista::lato, Parte::piastra2, Rett(zf_, Sotto(2), zs_, Sopra(2)));
+        Metti(Vista::lato, Parte::nervatura3, Fianco(g_.nervatura(3)));
+        Metti(Vista::lato, Parte::secondaria, Rett(g_.xS, g_.yS, zFine_, g_.yS2));
+        Metti(Vista::lato, Parte::secondaria, Rett(g_.xS, g_.yS, zFine_, g_.yS + s.tf));
+        Metti(Vista::lato, Parte::secondaria, Rett(g_.xS, g_.yS2 - s.tf, zFine_, g_.yS2));
+        Metti(Vista::lato, Parte::piastra1, Rett(g_.xP1, 0.0, g_.xP2, n_.HPiastra(1)));
+        Metti(Vista::lato, Parte::piastra2,
+              Rett(g_.xP2, g_.piastra(2).yMin, g_.xS, g_.piastra(2).yMax));
         for (int k = 1; k <= 2; ++k) {
             if (!n_.AttNerv(k)) continue;
-            const double y = RadiceNervatura(k), verso = k == 1 ? 1.0 : -1.0;
             Metti(Vista::lato, k == 1 ? Parte::nervatura1 : Parte::nervatura2,
-                  QPolygonF({{zs_, y},
-                             {zs_, y + verso * n_.H1Nerv(k)},
-                             {zs_ + n_.BNerv(k), y + verso * n_.H2Nerv(k)},
-                             {zs_ + n_.BNerv(k), y},
-                             {zs_, y}}));
+                  Fianco(g_.nervatura(k)));
         }
     }
 
@@ -149,72 +135,33 @@ class Compositore {
         Metti(Vista::pianta, Parte::principale, Rett(-largo_, -t.tw / 2.0, largo_, t.tw / 2.0),
               true);
         Metti(Vista::pianta, Parte::nervatura3,
-              Rett(-n_.SpNerv(3) / 2.0, t.tw / 2.0, n_.SpNerv(3) / 2.0, zf_ - n_.SpPiastra(1)),
-              true);
-        Metti(Vista::pianta, Parte::secondaria, Rett(-s.B / 2.0, zs_, s.B / 2.0, zFine_));
-        Metti(Vista::pianta, Parte::secondaria, Rett(-s.tw / 2.0, zs_, s.tw / 2.0, zFine_), true);
+              Rett(-n_.SpNerv(3) / 2.0, t.tw / 2.0, n_.SpNerv(3) / 2.0, g_.xP1), true);
+        Metti(Vista::pianta, Parte::secondaria, Rett(-s.B / 2.0, g_.xS, s.B / 2.0, zFine_));
+        Metti(Vista::pianta, Parte::secondaria, Rett(-s.tw / 2.0, g_.xS, s.tw / 2.0, zFine_), true);
         Metti(Vista::pianta, Parte::piastra1,
-              Rett(-n_.BPiastra(1) / 2.0, zf_ - n_.SpPiastra(1), n_.BPiastra(1) / 2.0, zf_));
+              Rett(-n_.BPiastra(1) / 2.0, g_.xP1, n_.BPiastra(1) / 2.0, g_.xP2));
         Metti(Vista::pianta, Parte::piastra2,
-              Rett(-n_.BPiastra(2) / 2.0, zf_, n_.BPiastra(2) / 2.0, zs_));
+              Rett(-n_.BPiastra(2) / 2.0, g_.xP2, n_.BPiastra(2) / 2.0, g_.xS));
         for (int k = 2; k >= 1; --k) {
             if (!n_.AttNerv(k)) continue;
             Metti(Vista::pianta, k == 1 ? Parte::nervatura1 : Parte::nervatura2,
-                  Rett(-n_.SpNerv(k) / 2.0, zs_, n_.SpNerv(k) / 2.0, zs_ + n_.BNerv(k)), k == 2);
+                  Rett(-n_.SpNerv(k) / 2.0, g_.xS, n_.SpNerv(k) / 2.0, g_.xS + n_.BNerv(k)),
+                  k == 2);
         }
     }
 
-    // Strip of a weld line, as wide as its leg.
-    void Linea(Vista v, int linea, double x1, double y1, double x2, double y2, double lato,
-               bool specchio) {
-        if (!(lung_[linea - 1] > 0.0001)) return;
-        const double h = lato / 2.0;
-        const bool verticale = std::fabs(x2 - x1) < std::fabs(y2 - y1);
-        const auto striscia = [&](double segno) {
-            return verticale ? Rett(segno * x1 - h, y1, segno * x1 + h, y2)
-                             : Rett(segno * x1, y1 - h, segno * x2, y1 + h);
-        };
-        Metti(v, Parte::saldatura, striscia(1.0), false, linea - 1);
-        if (specchio && v == Vista::fronte) {
-            Metti(v, Parte::saldatura, striscia(-1.0), false, linea - 1 + kSpecchio);
-        }
-    }
-
+    // Strips as wide as the leg, each in the view that has its other leg along the line of sight.
     void Saldature() {
-        const ProfiloRec &s = n_.TraSec, &t = n_.TraPri;
-        const double a1 = n_.spSaldS1, a2 = n_.spSaldS2, ym = AsseSecondaria(n_);
-        const auto L = [&](int l) { return lung_[l - 1]; };
-        const double x1 = s.tw / 2.0 + a1 / 2.0;
-        Linea(Vista::fronte, 1, x1, ym - L(1) / 2.0, x1, ym + L(1) / 2.0, a1, true);
-        Linea(Vista::fronte, 2, s.B / 2.0 - L(2), yTop_ - s.tf - a1 / 2.0, s.B / 2.0,
-              yTop_ - s.tf - a1 / 2.0, a1, true);
-        Linea(Vista::fronte, 3, s.B / 2.0 - L(3), ySec_ + s.tf + a1 / 2.0, s.B / 2.0,
-              ySec_ + s.tf + a1 / 2.0, a1, true);
-        for (int k = 1; k <= 2; ++k) {
-            const double verso = k == 1 ? 1.0 : -1.0, y = RadiceNervatura(k);
-            const double yl = y + verso * a1 / 2.0;
-            if (PiastraSporge(n_, k)) {
-                const bool due = n_.AttNerv(k);
-                Linea(Vista::fronte, 9 + k, due ? s.B / 2.0 - L(9 + k) : -s.B / 2.0, yl, s.B / 2.0,
-                      yl, a1, due);
-            }
-            if (!n_.AttNerv(k)) continue;
-            const double xv = n_.SpNerv(k) / 2.0 + a1 / 2.0, lv = L(11 + 2 * k);
-            Linea(Vista::fronte, 11 + 2 * k, xv, y + verso * a1, xv, y + verso * (a1 + lv), a1,
-                  true);
-            Linea(Vista::lato, 10 + 2 * k, zs_ + n_.BNerv(k) - L(10 + 2 * k), yl, zs_ + n_.BNerv(k),
-                  yl, a1, false);
+        for (const LineaSaldatura& l : LineeSaldatura(g_)) {
+            const int linea = l.indice % kSpecchio + 1;
+            const bool lato = (linea >= 5 && linea <= 7) || linea == 12 || linea == 14;
+            if (lato && l.indice >= kSpecchio) continue;  // hidden behind the other
+            const std::size_t u = lato ? 0 : 1;
+            const double du = l.lato * (l.versoUno[u] + l.versoDue[u]);
+            const double dz = l.lato * (l.versoUno[2] + l.versoDue[2]);
+            Metti(lato ? Vista::lato : Vista::fronte, Parte::saldatura,
+                  Rett(l.da[u], Su(l.da[2]), l.a[u] + du, Su(l.a[2] + dz)), false, l.indice);
         }
-        const double m = n_.HPiastra(1) / 2.0, x4 = n_.SpNerv(3) / 2.0 + a2 / 2.0;
-        const double yAla = t.H / 2.0 - t.tf - a2 / 2.0, xB = n_.BPiastra(1) / 2.0;
-        Linea(Vista::fronte, 4, x4, m - L(4) / 2.0, x4, m + L(4) / 2.0, a2, true);
-        Linea(Vista::fronte, 8, xB - L(8), m + yAla, xB, m + yAla, a2, true);
-        Linea(Vista::fronte, 9, xB - L(9), m - yAla, xB, m - yAla, a2, true);
-        const double z0 = t.tw / 2.0, z1 = zf_ - n_.SpPiastra(1) - a2;
-        Linea(Vista::lato, 5, z1 - L(5), m + yAla, z1, m + yAla, a2, false);
-        Linea(Vista::lato, 7, z1 - L(7), m - yAla, z1, m - yAla, a2, false);
-        Linea(Vista::lato, 6, z0 + a2 / 2.0, m - L(6) / 2.0, z0 + a2 / 2.0, m + L(6) / 2.0, a2,
-              false);
     }
 
     void Bulloni() {
@@ -227,7 +174,7 @@ class Compositore {
             for (const Vista v : {Vista::lato, Vista::pianta}) {
                 const double q = v == Vista::lato ? y : x;
                 if (!visti[v == Vista::lato ? 0 : 1].insert(std::lround(q * 10.0)).second) continue;
-                const double za = zf_ - n_.SpPiastra(1), zb = zs_;
+                const double za = g_.xP1, zb = g_.xS;
                 const auto blocco = [&](double z1, double z2, double mezzo) {
                     Metti(v, Parte::bullone,
                           v == Vista::lato ? Rett(z1, q - mezzo, z2, q + mezzo)
@@ -250,40 +197,44 @@ class Compositore {
         using enum Vista;
         Quota("GeoPias(0)", fronte, {-b1, 0.0}, {b1, 0.0}, -30, n_.BPiastra(1));
         Quota("GeoPias1", fronte, {-b1, 0.0}, {-b1, H1}, 30, H1);
-        Quota("GeoPias(2)", lato, {zf_ - n_.SpPiastra(1), 0.0}, {zf_, 0.0}, -30, n_.SpPiastra(1));
-        Quota("GeoPias(3)", fronte, {-b2, cima2_}, {b2, cima2_}, 30, n_.BPiastra(2));
-        Quota("GeoPias(4)", fronte, {b2, Sotto(2)}, {b2, cima2_}, -30, n_.HPiastra(2));
-        Quota("GeoPias(5)", lato, {zf_, cima2_}, {zs_, cima2_}, 30, n_.SpPiastra(2));
+        Quota("GeoPias(2)", lato, {g_.xP1, 0.0}, {g_.xP2, 0.0}, -30, n_.SpPiastra(1));
+        Quota("GeoPias(3)", fronte, {-b2, g_.piastra(2).yMax}, {b2, g_.piastra(2).yMax}, 30,
+              n_.BPiastra(2));
+        Quota("GeoPias(4)", fronte, {b2, g_.piastra(2).yMin}, {b2, g_.piastra(2).yMax}, -30,
+              n_.HPiastra(2));
+        Quota("GeoPias(5)", lato, {g_.xP2, g_.piastra(2).yMax}, {g_.xS, g_.piastra(2).yMax}, 30,
+              n_.SpPiastra(2));
         for (int k = 1; k <= 2; ++k) {
             if (!n_.AttNerv(k)) continue;
             static constexpr const char* kCampi[2][4] = {
                 {"GeoPias(6)", "GeoPias(7)", "GeoPias(8)", "GeoPias(9)"},
                 {"GeoPias(10)", "GeoPias(11)", "GeoPias(12)", "GeoPias(13)"}};
             const auto& c = kCampi[k - 1];
-            const double y = RadiceNervatura(k), v = k == 1 ? 1.0 : -1.0, zb = zs_ + n_.BNerv(k);
+            const double y = g_.nervatura(k).yRadice, v = g_.nervatura(k).verso,
+                         zb = g_.xS + n_.BNerv(k);
             const double y1 = y + v * n_.H1Nerv(k), y2 = y + v * n_.H2Nerv(k);
-            Quota(c[0], lato, {zs_, std::min(y, y1)}, {zs_, std::max(y, y1)}, -(n_.BNerv(k) + 45.0),
-                  n_.H1Nerv(k));
+            Quota(c[0], lato, {g_.xS, std::min(y, y1)}, {g_.xS, std::max(y, y1)},
+                  -(n_.BNerv(k) + 45.0), n_.H1Nerv(k));
             Quota(c[1], lato, {zb, std::min(y, y2)}, {zb, std::max(y, y2)}, -18, n_.H2Nerv(k));
-            Quota(c[2], lato, {zs_, y1}, {zb, y1}, k == 1 ? 30 : -30, n_.BNerv(k));
+            Quota(c[2], lato, {g_.xS, y1}, {zb, y1}, k == 1 ? 30 : -30, n_.BNerv(k));
             Quota(c[3], fronte, {-n_.SpNerv(k) / 2.0, y1}, {n_.SpNerv(k) / 2.0, y1},
                   k == 1 ? 30 : -30, n_.SpNerv(k));
         }
         Quota("GeoPias(14)", pianta, {-n_.SpNerv(3) / 2.0, 0.0}, {n_.SpNerv(3) / 2.0, 0.0}, 0,
               n_.SpNerv(3));
-        Quota("TextQuota(0)", fronte, {n_.TraSec.B / 2.0, yTop_}, {n_.TraSec.B / 2.0, cima2_}, -18,
-              n_.distAlaSecPiastra);
+        Quota("TextQuota(0)", fronte, {n_.TraSec.B / 2.0, g_.yS2},
+              {n_.TraSec.B / 2.0, g_.piastra(2).yMax}, -18, n_.distAlaSecPiastra);
         const double zp = n_.TraPri.B / 2.0;
-        Quota("TextQuota(1)", lato, {std::min(zp, zf_), yBase_ + n_.TraPri.H},
-              {std::max(zp, zf_), yBase_ + n_.TraPri.H}, 30, n_.distPiastraTraPri);
-        Quota("TextQuota(2)", lato, {zFine_, yTop_}, {zFine_, yBase_ + n_.TraPri.H}, -18,
+        Quota("TextQuota(1)", lato, {std::min(zp, g_.xP2), yBase_ + n_.TraPri.H},
+              {std::max(zp, g_.xP2), yBase_ + n_.TraPri.H}, 30, n_.distPiastraTraPri);
+        Quota("TextQuota(2)", lato, {zFine_, g_.yS2}, {zFine_, yBase_ + n_.TraPri.H}, -18,
               n_.distAliPriSec);
     }
 
     const Nodo& n_;
+    const Geometria g_;
     double gioco_;
-    double yBase_ = 0, ySec_ = 0, yTop_ = 0, cima2_ = 0, zf_ = 0, zs_ = 0, zFine_ = 0, largo_ = 0;
-    double lung_[15] = {};
+    double yBase_ = 0, zFine_ = 0, largo_ = 0;
     DisegnoNodo d_;
 };
 

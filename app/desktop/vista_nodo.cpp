@@ -72,7 +72,7 @@ VistaNodo::VistaNodo(QWidget* padre) : QWidget(padre) {
 
 void VistaNodo::Mostra(const Nodo& nodo, double gioco) {
     disegno_ = ComponiDisegno(nodo, gioco);
-    comune_ = AreaComune(nodo);
+    comune_ = GeometriaDi(nodo).comune;
     sotto_ = nullptr;
     Disponi();
     update();

@@ -6,7 +6,6 @@
 
 #include "render/pittura3d.h"
 #include "scene3d/assemblaggio.h"
-#include "verification/saldature.h"
 
 namespace tk07 {
 
@@ -14,17 +13,13 @@ std::function<void(QPainter&, const QRectF&)> FiguraNodo3D(const Nodo& nodo, con
     constexpr double kBordo = 0.04;
     constexpr int kLarghezza = 1300;  // pixels: some 190 dots per inch across a page
     const Piattaforma muta = PiattaformaMuta();
-    Risultati ris;
     Scena scena;
     auto parti = std::make_shared<std::vector<Parte>>();
     std::string errore;
-    try {
-        LunghezzeSaldature(nodo, ris);
-    } catch (const GrandezzaNulla&) {
-        return {};
-    }
-    if (!ComponiScena3D(nodo, ris.LungSald, nullptr, scena, muta) ||
-        !SolidiNodo(nodo, ris.LungSald, opz.ValOpz(kOpzTollForo), scena, *parti, errore)) {
+    const Geometria g = GeometriaDi(nodo);
+    if (GrandezzaMancante(g) != nullptr) return {};
+    if (!ComponiScena3D(nodo, g, nullptr, scena, muta) ||
+        !SolidiNodo(nodo, g, opz.ValOpz(kOpzTollForo), scena, *parti, errore)) {
         return {};
     }
     return [parti](QPainter& p, const QRectF& dove) {

@@ -10,7 +10,6 @@
 
 #include "base/aritmetica.h"
 #include "base/testo.h"
-#include "drawing/saldature_tavola.h"
 #include "scene3d/terna.h"
 #include "solidi/prisma.h"
 #include "verification/saldature.h"
@@ -183,11 +182,11 @@ bool Costruisci(std::vector<Bozza>& bozze, std::vector<Parte>& parti, std::strin
     return true;
 }
 
-void Fora(const Nodo& n, double gioco, Bozza& piastra) {
+void Fora(const Nodo& n, const Geometria& g, double gioco, Bozza& piastra) {
     const Terna t = TernaEstruso(piastra.e);
     const Punto3& o = piastra.e.estrusi_coord1;
     for (int i = 1; i <= n.nBull; ++i) {
-        const Punto3 d = {0.0, n.Xbull(i) - o[1], AltezzaVeraBullone(n, n.Ybull(i)) - o[2]};
+        const Punto3 d = {0.0, n.Xbull(i) - o[1], AltezzaBullone(g, n.Ybull(i)) - o[2]};
         const double r = (n.Fibull(i) + gioco) / 2.0;
         if (r > 0.0) piastra.fori.push_back(ContornoTondo(Scalare(d, t.z), Scalare(d, t.y), r));
     }
@@ -195,17 +194,16 @@ void Fora(const Nodo& n, double gioco, Bozza& piastra) {
 
 // Rib 3 is a rectangle with the web at its left; ribs 1 and 2 have the corner of plate and flange
 // at the section's origin. No chamfer is larger than the rib (half its height, of two).
-void SmussaNervatura(const Nodo& n, int k, Bozza& b) {
+void SmussaNervatura(const SagomaNervatura& r, int k, Bozza& b) {
     double largo = 0.0, alto = 0.0;
     Ingombro(b.inizio, largo, alto);
-    const double lato = k == 3 ? alto / 2.0 : n.H1Nerv(k);
-    const double c = Max(0.0, Min(n.SmussoNerv(k), Min(n.BNerv(k), lato)));
+    const double c = r.smusso;
     Contorno& giro = b.inizio.contorni[0];
     if (k == 3) {
         giro = TagliaSpigolo(giro, -largo / 2.0, alto / 2.0, 1.0, -1.0, c);
         giro = TagliaSpigolo(giro, -largo / 2.0, -alto / 2.0, 1.0, 1.0, c);
     } else {
-        giro = TagliaSpigolo(giro, 0.0, 0.0, 1.0, k == 1 ? 1.0 : -1.0, c);
+        giro = TagliaSpigolo(giro, 0.0, 0.0, 1.0, r.verso, c);
     }
     b.fine = b.inizio;
 }
@@ -242,20 +240,22 @@ bool SolidiScena(const Scena& scena, std::vector<Parte>& parti, std::string& err
     return Costruisci(bozze, parti, errore);
 }
 
-bool SolidiNodo(const Nodo& n, const LunghezzeCordoni& LungSald, double gioco, const Scena& scena,
+bool SolidiNodo(const Nodo& n, const Geometria& g, double gioco, const Scena& scena,
                 std::vector<Parte>& parti, std::string& errore) {
     std::vector<Bozza> bozze = Bozze(scena);
-    const double alza = AltezzaVeraBullone(n, 0.0) + n.HPiastra(2) / 2.0;
+    const double alza = AlzataBulloni(n, g);
     for (Bozza& b : bozze) {
         const std::string& o = b.dati.oggetto;
         b.dati.materiale = "Acciaio " + Taglia(n.acciaio.Nome);
         switch (b.dati.tipo) {
             case TipoParte::piastra:
-                Fora(n, gioco, b);
+                Fora(n, g, gioco, b);
                 break;
-            case TipoParte::nervatura:
-                SmussaNervatura(n, o == "Nerv1" ? 1 : o == "Nerv_2" ? 2 : 3, b);
+            case TipoParte::nervatura: {
+                const int k = o == "Nerv1" ? 1 : o == "Nerv_2" ? 2 : 3;
+                SmussaNervatura(g.nervatura(k), k, b);
                 break;
+            }
             case TipoParte::testa:
             case TipoParte::gambo:
             case TipoParte::dado:
@@ -267,7 +267,7 @@ bool SolidiNodo(const Nodo& n, const LunghezzeCordoni& LungSald, double gioco, c
                 break;
         }
     }
-    for (const LineaSaldatura& l : LineeSaldatura(n, LungSald)) {
+    for (const LineaSaldatura& l : LineeSaldatura(g)) {
         if (!SenzaNomeInScena(l.indice)) continue;
         bozze.push_back(BozzaCordone(l));
         bozze.back().dati.materiale = "Acciaio " + Taglia(n.acciaio.Nome);

@@ -92,35 +92,32 @@ class MetaSinistra {
           l_(l),
           t_(t),
           p_(p),
-          Ybase(n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec),
-          Ytop2(Ybase + n.distAlaSecPiastra),
+          g_(GeometriaDi(n)),
           M(Max(l.distSald + n.spSaldS2 + l.Rf, l.eMinY)),
           // With the 1 a limit goes to the next whole millimetre inside the zone, and one that is
           // whole already goes a millimetre further in.
           x0(Int(l.comune.xMin + l.eMinX + 1.0)) {}
 
     Proposta Sopra() {
-        const double y0 = Int(Max(M, Ybase + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
-        const double y1 = Min(n_.HPiastra(1) - M, Ytop2 - l_.eMinY);
-        return Riempi(1, y0, y1, l_.comune.yMax - Ybase, kNienteSopra);
+        const double y0 = Int(Max(M, g_.yS2 + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
+        const double y1 = Min(n_.HPiastra(1) - M, g_.piastra(2).yMax - l_.eMinY);
+        return Riempi(1, y0, y1, l_.comune.yMax - g_.yS2, kNienteSopra);
     }
 
     Proposta Sotto() {
-        const double y0 = Int(Max(M, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
-        const double y1 =
-            Min(n_.HPiastra(1) - M, Ybase - n_.TraSec.H - n_.spSaldS1 - l_.distSald - l_.Rf);
-        return Riempi(2, y0, y1, Ybase - n_.TraSec.H - l_.comune.yMin, kNienteSotto);
+        const double y0 = Int(Max(M, g_.piastra(2).yMin + l_.eMinY) + 1.0);
+        const double y1 = Min(n_.HPiastra(1) - M, g_.yS - n_.spSaldS1 - l_.distSald - l_.Rf);
+        return Riempi(2, y0, y1, g_.yS - l_.comune.yMin, kNienteSotto);
     }
 
     Proposta ALato() {
         const ProfiloRec& s = n_.TraSec;
         const double y1 =
-            Min(Min(n_.HPiastra(1) - M, Ybase - s.tf - n_.spSaldS1 - l_.distSald - l_.Rf),
-                Ytop2 - l_.eMinY);
-        const double suAla =
-            Int(Max(M, Ybase - s.H + s.tf + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
+            Min(Min(n_.HPiastra(1) - M, g_.yS2 - s.tf - n_.spSaldS1 - l_.distSald - l_.Rf),
+                g_.piastra(2).yMax - l_.eMinY);
+        const double suAla = Int(Max(M, g_.yS + s.tf + n_.spSaldS1 + l_.distSald + l_.Rf) + 1.0);
         // The lower limit takes the step to the next millimetre twice: up to 2 mm of clearance.
-        const double y0 = Int(Max(suAla, Ytop2 - n_.HPiastra(2) + l_.eMinY) + 1.0);
+        const double y0 = Int(Max(suAla, g_.piastra(2).yMin + l_.eMinY) + 1.0);
         const double x1 = Int(-Max(s.tw / 2.0 + n_.spSaldS1, n_.SpNerv(3) / 2.0 + n_.spSaldS2) -
                               l_.distSald - l_.Rf);
         // Tried also when the limits cross, so that it warns where there is no plate between the
@@ -150,10 +147,9 @@ class MetaSinistra {
     const LimitiProposta& l_;
     BulloniTemp& t_;
     const Piattaforma& p_;
-    const double Ybase;  // upper flange of the secondary beam
-    const double Ytop2;  // top of plate 2
-    const double M;      // margin of the top and the bottom of plate 1
-    const double x0;     // left limit of every zone
+    const Geometria g_;
+    const double M;   // margin of the top and the bottom of plate 1
+    const double x0;  // left limit of every zone
 };
 
 }  // namespace
@@ -184,7 +180,7 @@ LimitiProposta LimitiPerProposta(const Nodo& nodo, const Opzioni& opz, double dP
     l.Rf = l.d0 / 2.0;
     l.tMin = Min(nodo.SpPiastra(1), nodo.SpPiastra(2));
     l.distSald = opz.ValOpz(kOpzDistSaldatura);
-    l.comune = AreaComune(nodo);
+    l.comune = GeometriaDi(nodo).comune;
     const RegolaDistanze& r = RegolaDi(NormaDi(nodo), nodo.Esposizione);
     using enum Direzione;
     l.eMinX = r.BordoMin(orizzontale) * l.d0;

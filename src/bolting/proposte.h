@@ -3,6 +3,7 @@
 #include <string>
 
 #include "bolting/bulloni_temp.h"
+#include "joint/geometria.h"
 #include "joint/nodo.h"
 #include "options/opzioni.h"
 

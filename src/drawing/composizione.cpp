@@ -7,7 +7,6 @@
 #include "base/aritmetica.h"
 #include "base/testo.h"
 #include "drawing/viste.h"
-#include "verification/saldature.h"
 
 namespace tk07 {
 
@@ -171,17 +170,24 @@ std::string TitoloTavola(const Nodo& n) {
     return t;
 }
 
+ContestoDis ContestoTavola(const Nodo& n, const Geometria& g, const Opzioni& opz) {
+    ContestoDis c{n, LeggiParametriDisegno(opz), g, LineeSaldatura(g)};
+    c.moncone = 1.5 * n.TraSec.H;
+    for (int k = 1; k <= 2; ++k) {
+        if (n.AttNerv(k)) c.moncone = Max(c.moncone, 1.25 * n.BNerv(k));
+    }
+    c.mezza = Max(Max(n.BPiastra(1), n.BPiastra(2)), n.TraSec.B) / 2.0 + 0.5 * n.TraPri.H;
+    return c;
+}
+
 std::vector<FiguraPosta> ComponiTavola(const Nodo& n, const Opzioni& opz, Squadratura squadratura,
                                        const Piattaforma& p) {
-    Risultati ris;
-    try {
-        LunghezzeSaldature(n, ris);
-    } catch (const GrandezzaNulla& g) {
-        MostraErrore(p, "Errore: creazione disegno fallita\n" + g.testo + " nulla");
+    const Geometria g = GeometriaDi(n);
+    if (const char* nulla = GrandezzaMancante(g)) {
+        MostraErrore(p, std::string("Errore: creazione disegno fallita\n") + nulla + " nulla");
         return {};
     }
-    const ContestoDis c{n, ris.LungSald, LeggiParametriDisegno(opz), CalcolaQuote(n),
-                        LineeSaldatura(n, ris.LungSald)};
+    const ContestoDis c = ContestoTavola(n, g, opz);
     std::vector<FiguraPosta> v;
     const auto aggiungi = [&](Figura f, const char* nome) {
         v.push_back({std::move(f), 0.0, 0.0, nome});
@@ -191,9 +197,9 @@ std::vector<FiguraPosta> ComponiTavola(const Nodo& n, const Opzioni& opz, Squadr
     aggiungi(SezioneAA(c), "SEZIONE AA");
     aggiungi(DettaglioPiastra(c, 1), "PIASTRA 1");
     aggiungi(DettaglioPiastra(c, 2), "PIASTRA 2");
-    if (NervaturaPresente(n, 1)) aggiungi(DettaglioNervatura(c, 1), "PIASTRA 4");
-    if (NervaturaPresente(n, 2)) aggiungi(DettaglioNervatura(c, 2), "PIASTRA 5");
-    if (NervaturaPresente(n, 3)) aggiungi(DettaglioNervatura(c, 3), "PIASTRA 3");
+    if (g.nervatura(1).conForma) aggiungi(DettaglioNervatura(c, 1), "PIASTRA 4");
+    if (g.nervatura(2).conForma) aggiungi(DettaglioNervatura(c, 2), "PIASTRA 5");
+    if (g.nervatura(3).conForma) aggiungi(DettaglioNervatura(c, 3), "PIASTRA 3");
     aggiungi(NoteTavola(c), "note");
     aggiungi(TabellaSaldature(c), "tabella");
     Disponi(v, c.par.distanzaViste);

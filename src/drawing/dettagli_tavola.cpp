@@ -50,15 +50,13 @@ std::string Elenco(const Nodo& n, const char* segno, Valore valore) {
 Figura DettaglioPiastra(const ContestoDis& c, int i) {
     const Nodo& n = c.nodo;
     const double b = n.BPiastra(i) / 2.0, h = n.HPiastra(i);
-    // Bolts count from the lower end of plate 1.
-    const double base = i == 1 ? 0.0 : c.q.zP2 - c.q.zP1;
     Figura f;
     f.colore = c.par.coloreContorno;
     Rettangolo4(f, -b, 0.0, b, h);
     std::vector<double> colonne{-b, b}, righe{0.0, h};
     for (int k = 1; k <= n.nBull; ++k) {
-        const double x = n.Xbull(k), y = n.Ybull(k) - base;
-        const double d = n.Fibull(k) + c.par.tolleranzaForo, r = 0.5 * d + 0.25 * n.Fibull(k);
+        const auto [x, y, d] = ForoInPiastra(n, c.q, i, k, c.par.tolleranzaForo);
+        const double r = 0.5 * d + 0.25 * n.Fibull(k);
         f.colore = c.par.coloreContorno;
         f.tipo = kContinua;
         Cerchio(f, x, y, d);
@@ -92,13 +90,21 @@ Figura DettaglioPiastra(const ContestoDis& c, int i) {
 Figura DettaglioNervatura(const ContestoDis& c, int i) {
     const Nodo& n = c.nodo;
     const double b = n.BNerv(i), h1 = n.H1Nerv(i), h2 = n.H2Nerv(i);
-    const double m = Max(0.0, Min(n.SmussoNerv(i), Min(b, i == 3 ? h1 / 2.0 : h1)));
+    const SagomaNervatura& s = c.q.nervatura(i);
+    const double m = s.smusso, alto = i == 3 ? h1 : Max(h1, h2);
+    // As it stands on the joint: the plate or the web on the left, the flange below (rib 1, rib 3)
+    // or above (rib 2).
+    const auto y = [&](double v) { return i == 2 ? alto - v : v; };
+    std::vector<std::pair<double, double>> contorno;
+    for (int k = 0; k < s.nVertici; ++k) {
+        const Punto2& p = s.contorno[static_cast<std::size_t>(k)];
+        contorno.emplace_back(p[0], y(p[1]));
+    }
     Figura f;
     f.colore = c.par.coloreContorno;
     const StileQuota& q = c.par.quoteDettagli;
     if (i == 3) {
-        // Web on the left with both corners cut for the root fillets, plate 1 on the right.
-        Spezzata(f, {{m, 0.0}, {b, 0.0}, {b, h1}, {m, h1}, {0.0, h1 - m}, {0.0, m}}, true);
+        Spezzata(f, contorno, true);
         f.contorno = {0.0, b, 0.0, h1};
         if (m > 0.0) CatenaQuote(f, Lato::sinistra, {0.0, m, h1 - m, h1}, 0.0, c.par.primaQuota, q);
         if (m > 0.0) CatenaQuote(f, Lato::sotto, {0.0, m, b}, 0.0, c.par.primaQuota, q);
@@ -107,10 +113,7 @@ Figura DettaglioNervatura(const ContestoDis& c, int i) {
         EtichettaPezzo(f, c, {"PIASTRA 3", "spessore = " + TestoNumero(n.SpNerv(3))});
         return f;
     }
-    // As it stands on the joint: plate 2 on the left, the flange below (rib 1) or above (rib 2).
-    const double alto = Max(h1, h2);
-    const auto y = [&](double z) { return i == 1 ? z : alto - z; };
-    Spezzata(f, {{m, y(0)}, {b, y(0)}, {b, y(h2)}, {0.0, y(h1)}, {0.0, y(m)}}, true);
+    Spezzata(f, contorno, true);
     f.contorno = {0.0, b, 0.0, alto};
     std::vector<double> sinistra{y(0), y(h1)}, base{0.0, b};
     if (m > 0.0) {
@@ -145,21 +148,17 @@ Figura NoteTavola(const ContestoDis& c) {
 }
 
 Figura TabellaSaldature(const ContestoDis& c) {
-    const Nodo& n = c.nodo;
     const double alt = c.par.tabellaAlt, largh = c.par.rapporto * alt;
     struct Riga {
         std::array<std::string, 3> celle;
     };
     std::vector<Riga> righe{{{"Descr.", "Lungh.", "Lato"}}};
     for (int j = 1; j <= 15; ++j) {
-        const bool esiste = std::any_of(c.saldature.begin(), c.saldature.end(),
-                                        [&](const LineaSaldatura& l) { return l.indice == j - 1; });
-        if (!esiste) continue;
-        const bool sola = (j == 10 && !LineaDoppia(n, 1)) || (j == 11 && !LineaDoppia(n, 2));
+        const Cordone& linea = c.q.cordone(j);
+        if (!linea.Presente()) continue;
         std::string nome = NomeLinea(j - 1);
-        if (!sola) nome += "/" + NomeLinea(j - 1 + kSpecchio);
-        righe.push_back({{nome, TestoNumero(c.lungSald(j - 1)),
-                          TestoNumero(j >= 4 && j <= 9 ? n.spSaldS2 : n.spSaldS1)}});
+        if (linea.doppio) nome += "/" + NomeLinea(j - 1 + kSpecchio);
+        righe.push_back({{nome, TestoNumero(linea.lunghezza), TestoNumero(linea.lato)}});
     }
     double colonna = c.par.tabellaColonna;
     for (const Riga& r : righe) {

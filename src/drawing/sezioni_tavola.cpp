@@ -262,24 +262,17 @@ void Titolo(Figura& f, const ContestoDis& c, const char* testo, std::size_t etic
 
 std::vector<double> Livelli(std::initializer_list<double> l) { return {l}; }
 
-// Outline of rib 1 or 2 in elevation: base on the flange, side on the plate, chamfer in the corner.
-std::vector<std::pair<double, double>> ContornoNervatura(const ContestoDis& c, int k) {
-    const Nodo& n = c.nodo;
-    const double s = k == 1 ? 1.0 : -1.0, z = k == 1 ? c.q.zS2 : c.q.zS, x = c.q.xS;
-    const double m = Max(0.0, Min(n.SmussoNerv(k), Min(n.BNerv(k), n.H1Nerv(k))));
-    return {{x + m, z},
-            {x + n.BNerv(k), z},
-            {x + n.BNerv(k), z + s * n.H2Nerv(k)},
-            {x, z + s * n.H1Nerv(k)},
-            {x, z + s * m}};
+// Outline of rib k in elevation.
+void ProfiloNervatura(Figura& f, const SagomaNervatura& r) {
+    std::vector<std::pair<double, double>> v;
+    for (int i = 0; i < r.nVertici; ++i) {
+        const Punto2& p = r.inNodo[static_cast<std::size_t>(i)];
+        v.emplace_back(p[0], p[1]);
+    }
+    Spezzata(f, v, true);
 }
 
 }  // namespace
-
-bool NervaturaPresente(const Nodo& n, int i) {
-    if (i < 3 && !n.AttNerv(i)) return false;
-    return n.H1Nerv(i) > 0.0 && n.BNerv(i) > 0.0 && n.SpNerv(i) > 0.0;
-}
 
 TestoFig TestoNota(const ContestoDis& c, const std::string& testo, double x, double y) {
     TestoFig t;
@@ -294,8 +287,8 @@ TestoFig TestoNota(const ContestoDis& c, const std::string& testo, double x, dou
 
 Figura SezioneCC(const ContestoDis& c) {
     const Nodo& n = c.nodo;
-    const QuoteNodo& q = c.q;
-    const double fine = q.xS + q.moncone, tf = n.TraSec.tf;
+    const Geometria& q = c.q;
+    const double fine = q.xS + c.moncone, tf = n.TraSec.tf;
     Figura f;
     Penna(f, c.par.coloreContorno);
     DisegnaProfilo(f, n.TraPri, 0.0, 0.0);
@@ -304,26 +297,24 @@ Figura SezioneCC(const ContestoDis& c) {
     Rottura(f, fine, q.zS, fine, q.zS2);
     Penna(f, c.par.coloreContorno);
     Segmento(f, q.xS, q.zS, q.xS, q.zS2);
-    Rettangolo4(f, q.xP1, q.zP1, q.xP2, q.zP1 + n.HPiastra(1));
+    Rettangolo4(f, q.xP1, q.zP1, q.xP2, q.zP12);
     Rettangolo4(f, q.xP2, q.zP2, q.xS, q.zP22);
     std::vector<std::pair<Pezzo, std::pair<double, double>>> pezzi{
         {Pezzo::piastra1, {(q.xP1 + q.xP2) / 2.0, q.zP1 + 0.75 * n.HPiastra(1)}},
         {Pezzo::piastra2, {(q.xP2 + q.xS) / 2.0, q.zP2 + 0.12 * n.HPiastra(2)}}};
-    if (NervaturaPresente(n, 3)) {
-        const double x = n.TraPri.tw / 2.0, h = n.H1Nerv(3) / 2.0;
-        const double m = Max(0.0, Min(n.SmussoNerv(3), Min(n.BNerv(3), h)));
-        Spezzata(f, {{x + m, -h}, {q.xP1, -h}, {q.xP1, h}, {x + m, h}, {x, h - m}, {x, m - h}},
-                 true);
-        pezzi.push_back({Pezzo::nervatura3, {(x + q.xP1) / 2.0, 0.0}});
+    if (q.nervatura(3).conForma) {
+        ProfiloNervatura(f, q.nervatura(3));
+        pezzi.push_back({Pezzo::nervatura3, {(q.xAnima + q.xP1) / 2.0, 0.0}});
     }
     for (int k = 1; k <= 2; ++k) {
-        if (!NervaturaPresente(n, k)) continue;
-        Spezzata(f, ContornoNervatura(c, k), true);
-        const double s = k == 1 ? 1.0 : -1.0, z = k == 1 ? q.zS2 : q.zS;
+        if (!q.nervatura(k).conForma) continue;
+        const SagomaNervatura& r = q.nervatura(k);
+        ProfiloNervatura(f, r);
+        const double s = r.verso, z = r.zRadice;
         pezzi.push_back({k == 1 ? Pezzo::nervatura1 : Pezzo::nervatura2,
                          {q.xS + n.BNerv(k) / 2.0, z + s * (n.H1Nerv(k) + n.H2Nerv(k)) / 5.0}});
     }
-    BulloniDiFianco(f, c, [&](int i) { return n.Ybull(i) + q.zP1; });
+    BulloniDiFianco(f, c, [&](int i) { return AltezzaBullone(q, n.Ybull(i)); });
 
     Segni segni;
     SaldatureVista(
@@ -333,19 +324,19 @@ Figura SezioneCC(const ContestoDis& c) {
         [](int) { return false; }, segni);
     f.contorno = IngombroFigura(f);
 
-    const double alto = Max(q.HP / 2.0, q.zP22), basso = Min(-q.HP / 2.0, q.zP2);
-    CatenaQuote(f, Lato::sinistra, Livelli({-q.HP / 2.0, q.zS, q.zS2, q.HP / 2.0}), -q.BP / 2.0,
-                c.par.primaQuota, c.par.quoteViste);
+    const double alto = Max(n.TraPri.H / 2.0, q.zP22), basso = Min(-n.TraPri.H / 2.0, q.zP2);
+    CatenaQuote(f, Lato::sinistra, Livelli({-n.TraPri.H / 2.0, q.zS, q.zS2, n.TraPri.H / 2.0}),
+                -n.TraPri.B / 2.0, c.par.primaQuota, c.par.quoteViste);
     std::vector<double> facce{0.0, q.xP1, q.xP2, q.xS};
     CatenaQuote(f, Lato::sotto, facce, Min(basso, f.contorno.yMin), c.par.primaQuota,
                 c.par.quoteViste);
-    if (NervaturaPresente(n, 1)) {
+    if (q.nervatura(1).conForma) {
         CatenaQuote(f, Lato::sopra, {q.xS, q.xS + n.BNerv(1)}, Max(alto, f.contorno.yMax),
                     c.par.primaQuota, c.par.quoteViste);
     }
     Etichette(f, c, segni, pezzi,
-              {{n.TraPri.Nome, {-q.BP / 4.0, -q.HP / 2.0 + n.TraPri.tf / 2.0}},
-               {n.TraSec.Nome, {q.xS + 0.85 * q.moncone, (q.zS + q.zS2) / 2.0}}},
+              {{n.TraPri.Nome, {-n.TraPri.B / 4.0, -n.TraPri.H / 2.0 + n.TraPri.tf / 2.0}},
+               {n.TraSec.Nome, {q.xS + 0.85 * c.moncone, (q.zS + q.zS2) / 2.0}}},
               [](const std::string& nome) {
                   // Lines of the main beam to the left, those of the secondary one to the right.
                   return std::pair{SullaPrincipale(nome) ? -1.0 : 1.0, 0.0};
@@ -353,25 +344,25 @@ Figura SezioneCC(const ContestoDis& c) {
     const std::size_t etichette = f.testi.size();
     // From above, and towards the main beam between the ribs and the end of the stub.
     SegnoTaglio(f, c, "A", true, alto + 0.5 * c.par.primaQuota, -1.0);
-    SegnoTaglio(f, c, "B", false, q.xS + 0.9 * q.moncone, -1.0);
+    SegnoTaglio(f, c, "B", false, q.xS + 0.9 * c.moncone, -1.0);
     Titolo(f, c, "SEZIONE CC", etichette);
     return f;
 }
 
 Figura SezioneBB(const ContestoDis& c) {
     const Nodo& n = c.nodo;
-    const QuoteNodo& q = c.q;
+    const Geometria& q = c.q;
     const double b1 = n.BPiastra(1) / 2.0, b2 = n.BPiastra(2) / 2.0;
     const Ingombro piastra2 = Riquadro(-b2, q.zP2, b2, q.zP22);
-    const Ingombro piastra1 = Riquadro(-b1, q.zP1, b1, q.zP1 + n.HPiastra(1));
+    const Ingombro piastra1 = Riquadro(-b1, q.zP1, b1, q.zP12);
     Figura f;
     // The main beam lies behind both plates; its web's root lines are not shown.
     Penna(f, c.par.coloreContorno2);
     for (const double s : {1.0, -1.0}) {
-        for (const double z : {s * q.HP / 2.0, s * (q.HP / 2.0 - n.TraPri.tf)}) {
-            ConNascosto(f, -q.mezza, z, q.mezza, z, {piastra1, piastra2});
+        for (const double z : {s * n.TraPri.H / 2.0, s * (q.zAlaPri)}) {
+            ConNascosto(f, -c.mezza, z, c.mezza, z, {piastra1, piastra2});
         }
-        Rottura(f, s * q.mezza, -q.HP / 2.0, s * q.mezza, q.HP / 2.0);
+        Rottura(f, s * c.mezza, -n.TraPri.H / 2.0, s * c.mezza, n.TraPri.H / 2.0);
     }
     Penna(f, c.par.coloreContorno);
     RettangoloConNascosto(f, piastra1, {piastra2});
@@ -383,14 +374,16 @@ Figura SezioneBB(const ContestoDis& c) {
           q.zP1 + (q.zP1 < q.zP2 ? 0.5 * (q.zP2 - q.zP1) : 0.05 * n.HPiastra(1))}},
         {Pezzo::piastra2, {-0.85 * b2, q.zP22 - 0.1 * n.HPiastra(2)}}};
     for (int k = 1; k <= 2; ++k) {
-        if (!NervaturaPresente(n, k)) continue;
-        const double s = k == 1 ? 1.0 : -1.0, z = k == 1 ? q.zS2 : q.zS, m = n.SpNerv(k) / 2.0;
+        if (!q.nervatura(k).conForma) continue;
+        const double s = q.nervatura(k).verso, z = q.nervatura(k).zRadice;
+        const double m = n.SpNerv(k) / 2.0;
         Rettangolo4(f, -m, z, m, z + s * n.H1Nerv(k));
         pezzi.push_back(
             {k == 1 ? Pezzo::nervatura1 : Pezzo::nervatura2, {0.0, z + 0.7 * s * n.H1Nerv(k)}});
     }
     for (int i = 1; i <= n.nBull; ++i) {
-        const double x = n.Xbull(i), y = n.Ybull(i) + q.zP1, d = n.Fibull(i), r = 0.75 * d;
+        const double x = n.Xbull(i), y = AltezzaBullone(q, n.Ybull(i)), d = n.Fibull(i),
+                     r = 0.75 * d;
         Penna(f, c.par.coloreContorno);
         Cerchio(f, x, y, d);
         Penna(f, c.par.coloreSegni, kAsse);
@@ -407,7 +400,7 @@ Figura SezioneBB(const ContestoDis& c) {
     f.contorno = IngombroFigura(f);
     CatenaQuote(f, Lato::sinistra, Livelli({q.zP2, q.zS, q.zS2, q.zP22}), f.contorno.xMin,
                 c.par.primaQuota, c.par.quoteViste);
-    CatenaQuote(f, Lato::destra, Livelli({-q.HP / 2.0, q.zP1, q.zP1 + n.HPiastra(1), q.HP / 2.0}),
+    CatenaQuote(f, Lato::destra, Livelli({-n.TraPri.H / 2.0, q.zP1, q.zP12, n.TraPri.H / 2.0}),
                 f.contorno.xMax, c.par.primaQuota, c.par.quoteViste);
     CatenaQuote(f, Lato::sotto, {-b2, b2}, f.contorno.yMin, c.par.primaQuota, c.par.quoteViste);
     CatenaQuote(f, Lato::sopra, {-b1, b1}, f.contorno.yMax, c.par.primaQuota, c.par.quoteViste);
@@ -415,7 +408,7 @@ Figura SezioneBB(const ContestoDis& c) {
         return std::pair{Specchiata(nome) ? -1.0 : 1.0, 0.0};
     });
     const std::size_t etichette = f.testi.size();
-    SegnoTaglio(f, c, "A", true, Max(q.HP / 2.0, q.zP22) + 0.5 * c.par.primaQuota, -1.0);
+    SegnoTaglio(f, c, "A", true, Max(n.TraPri.H / 2.0, q.zP22) + 0.5 * c.par.primaQuota, -1.0);
     // The plane of the webs, seen so that the secondary beam stands to the right of the main one.
     SegnoTaglio(f, c, "C", false, 0.0, 1.0);
     Titolo(f, c, "SEZIONE BB", etichette);
@@ -424,12 +417,12 @@ Figura SezioneBB(const ContestoDis& c) {
 
 Figura SezioneAA(const ContestoDis& c) {
     const Nodo& n = c.nodo;
-    const QuoteNodo& q = c.q;
-    const double fine = q.xS + q.moncone;
+    const Geometria& q = c.q;
+    const double fine = q.xS + c.moncone;
     const double b1 = n.BPiastra(1) / 2.0, b2 = n.BPiastra(2) / 2.0;
-    const Ingombro ala = Riquadro(-q.BP / 2.0, -q.mezza, q.BP / 2.0, q.mezza);
+    const Ingombro ala = Riquadro(-n.TraPri.B / 2.0, -c.mezza, n.TraPri.B / 2.0, c.mezza);
     // A plate that reaches over the flange is seen whole.
-    const bool alaSopra2 = q.zP22 < q.HP / 2.0, alaSopra1 = q.zP1 + n.HPiastra(1) < q.HP / 2.0;
+    const bool alaSopra2 = q.zP22 < n.TraPri.H / 2.0, alaSopra1 = q.zP12 < n.TraPri.H / 2.0;
     std::vector<Ingombro> sopra2, sopra1;
     if (alaSopra2) sopra2.push_back(ala);
     if (alaSopra1) sopra1.push_back(ala);
@@ -437,30 +430,30 @@ Figura SezioneAA(const ContestoDis& c) {
     Figura f;
     Penna(f, c.par.coloreContorno2);
     for (const double s : {1.0, -1.0}) {
-        Segmento(f, s * q.BP / 2.0, -q.mezza, s * q.BP / 2.0, q.mezza);
-        ConNascosto(f, s * n.TraPri.tw / 2.0, -q.mezza, s * n.TraPri.tw / 2.0, q.mezza, {ala});
-        Rottura(f, -q.BP / 2.0, s * q.mezza, q.BP / 2.0, s * q.mezza);
-        ConNascosto(f, q.xS, s * q.BS / 2.0, fine, s * q.BS / 2.0, sopra2);
+        Segmento(f, s * n.TraPri.B / 2.0, -c.mezza, s * n.TraPri.B / 2.0, c.mezza);
+        ConNascosto(f, s * q.xAnima, -c.mezza, s * q.xAnima, c.mezza, {ala});
+        Rottura(f, -n.TraPri.B / 2.0, s * c.mezza, n.TraPri.B / 2.0, s * c.mezza);
+        ConNascosto(f, q.xS, s * n.TraSec.B / 2.0, fine, s * n.TraSec.B / 2.0, sopra2);
     }
-    Rottura(f, fine, -q.BS / 2.0, fine, q.BS / 2.0);
-    const Ingombro alaSec = Riquadro(q.xS, -q.BS / 2.0, fine, q.BS / 2.0);
+    Rottura(f, fine, -n.TraSec.B / 2.0, fine, n.TraSec.B / 2.0);
+    const Ingombro alaSec = Riquadro(q.xS, -n.TraSec.B / 2.0, fine, n.TraSec.B / 2.0);
     for (const double s : {1.0, -1.0}) {
         ConNascosto(f, q.xS, s * n.TraSec.tw / 2.0, fine, s * n.TraSec.tw / 2.0, {alaSec});
     }
     Penna(f, c.par.coloreContorno);
     RettangoloConNascosto(f, piastra2, sopra2);
     std::vector<Ingombro> sopraPiastra1 = sopra1;
-    if (q.zP22 > q.zP1 + n.HPiastra(1)) sopraPiastra1.push_back(piastra2);
+    if (q.zP22 > q.zP12) sopraPiastra1.push_back(piastra2);
     RettangoloConNascosto(f, Riquadro(q.xP1, -b1, q.xP2, b1), sopraPiastra1);
     std::vector<std::pair<Pezzo, std::pair<double, double>>> pezzi{
         {Pezzo::piastra1, {(q.xP1 + q.xP2) / 2.0, 0.8 * b1}},
         {Pezzo::piastra2, {(q.xP2 + q.xS) / 2.0, -0.85 * b2}}};
-    if (NervaturaPresente(n, 3)) {
+    if (q.nervatura(3).conForma) {
         const double m = n.SpNerv(3) / 2.0;
-        RettangoloConNascosto(f, Riquadro(n.TraPri.tw / 2.0, -m, q.xP1, m), {ala});
-        pezzi.push_back({Pezzo::nervatura3, {(n.TraPri.tw / 2.0 + q.xP1) / 2.0, 0.0}});
+        RettangoloConNascosto(f, Riquadro(q.xAnima, -m, q.xP1, m), {ala});
+        pezzi.push_back({Pezzo::nervatura3, {(q.xAnima + q.xP1) / 2.0, 0.0}});
     }
-    if (NervaturaPresente(n, 1)) {
+    if (q.nervatura(1).conForma) {
         const double m = n.SpNerv(1) / 2.0;
         Rettangolo4(f, q.xS, -m, q.xS + n.BNerv(1), m);
         pezzi.push_back({Pezzo::nervatura1, {q.xS + 0.6 * n.BNerv(1), 0.0}});
@@ -475,15 +468,15 @@ Figura SezioneAA(const ContestoDis& c) {
         [](int j) { return !(j == 10 || j == 12 || j == 13); }, segni);
     f.contorno = IngombroFigura(f);
     CatenaQuote(f, Lato::sinistra, {-b1, b1}, f.contorno.xMin, c.par.primaQuota, c.par.quoteViste);
-    CatenaQuote(f, Lato::destra, {-q.BS / 2.0, q.BS / 2.0}, f.contorno.xMax, c.par.primaQuota,
-                c.par.quoteViste);
-    CatenaQuote(f, Lato::sotto, {-q.BP / 2.0, q.BP / 2.0}, f.contorno.yMin, c.par.primaQuota,
-                c.par.quoteViste);
+    CatenaQuote(f, Lato::destra, {-n.TraSec.B / 2.0, n.TraSec.B / 2.0}, f.contorno.xMax,
+                c.par.primaQuota, c.par.quoteViste);
+    CatenaQuote(f, Lato::sotto, {-n.TraPri.B / 2.0, n.TraPri.B / 2.0}, f.contorno.yMin,
+                c.par.primaQuota, c.par.quoteViste);
     Etichette(f, c, segni, pezzi, {}, [](const std::string& nome) {
         return std::pair{SullaPrincipale(nome) ? -1.0 : 1.0, Specchiata(nome) ? -1.0 : 1.0};
     });
     const std::size_t etichette = f.testi.size();
-    SegnoTaglio(f, c, "B", false, q.xS + 0.9 * q.moncone, -1.0);
+    SegnoTaglio(f, c, "B", false, q.xS + 0.9 * c.moncone, -1.0);
     SegnoTaglio(f, c, "C", true, 0.0, 1.0);
     Titolo(f, c, "SEZIONE AA", etichette);
     return f;

@@ -3,8 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "drawing/figura.h"
 #include "drawing/parametri_tavola.h"
-#include "drawing/saldature_tavola.h"
+#include "joint/geometria.h"
 #include "joint/nodo.h"
 
 namespace tk07 {
@@ -12,11 +13,13 @@ namespace tk07 {
 // What every view of the sheet reads.
 struct ContestoDis {
     const Nodo& nodo;
-    const Lunghezze& lungSald;
     ParametriDisegno par;
-    QuoteNodo q;
+    Geometria q;
     std::vector<LineaSaldatura> saldature;
+    double moncone = 0.0;  // length of TraSec shown
+    double mezza = 0.0;    // half length of TraPri shown
 };
+ContestoDis ContestoTavola(const Nodo& nodo, const Geometria& g, const Opzioni& opz);
 
 // Sections of the joint. CC: the main beam cut, the secondary one in elevation (x to the right, z
 // up). BB: the secondary beam cut, seen towards the main beam (y to the right, z up). AA: from
@@ -29,8 +32,6 @@ Figura SezioneAA(const ContestoDis& c);
 // Plate i (1, 2) seen from the secondary beam, with every hole; rib i (1..3).
 Figura DettaglioPiastra(const ContestoDis& c, int i);
 Figura DettaglioNervatura(const ContestoDis& c, int i);
-// Whether rib i has a shape to draw.
-bool NervaturaPresente(const Nodo& nodo, int i);
 
 Figura NoteTavola(const ContestoDis& c);
 Figura TabellaSaldature(const ContestoDis& c);

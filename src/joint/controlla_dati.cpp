@@ -1,17 +1,20 @@
 #include "joint/controlla_dati.h"
 
 #include "base/aritmetica.h"
+#include "joint/geometria.h"
 
 namespace tk07 {
 
 namespace {
 
 // The message of the first test that the bolt fails, or nullptr.
-const char* GuastoBullone(const Nodo& n, int i, double R, const Rettangolo& comune, double Ysec) {
+const char* GuastoBullone(const Nodo& n, const Geometria& g, int i, double R) {
     constexpr const char* kSuTrave =
         "Almeno un bullone si trova in corrispondenza della trave secondaria.";
     const double x = n.Xbull(i), y = n.Ybull(i);
     const ProfiloRec& s = n.TraSec;
+    const Rettangolo& comune = g.comune;
+    const double Ysec = g.yS;
     // The hole lies within the common area of the plates.
     if (!(y <= comune.yMax - R && y >= comune.yMin + R && x <= comune.xMax - R &&
           x >= comune.xMin + R)) {
@@ -37,7 +40,8 @@ bool ControllaDati(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
         MostraAvviso(p, testo);
         errato = true;
     };
-    const double sotto = n.HPiastra(2) - n.distAlaSecPiastra - n.TraSec.H;  // room below the beam
+    const Geometria g = GeometriaDi(n);
+    const double sopra = g.sporto(1), sotto = g.sporto(2);
     const auto nervaturaNulla = [&](int i) {
         return !(n.H1Nerv(i) > 0.0 && n.H2Nerv(i) >= 0.0 && n.BNerv(i) > 0.0 && n.SpNerv(i) > 0.0);
     };
@@ -50,10 +54,10 @@ bool ControllaDati(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
     };
 
     controlla(n.TraSec.H > n.TraPri.H, "Trave secondaria più alta della trave principale.");
-    controlla(!(n.TraSec.B <= n.BPiastra(2) && n.distAlaSecPiastra >= 0.0 && sotto >= 0.0),
+    controlla(!(n.TraSec.B <= n.BPiastra(2) && sopra >= 0.0 && sotto >= 0.0),
               "Piastra 2 più piccola della trave secondaria.");
     controlla(n.AttNerv(1) && nervaturaNulla(1), "Valori della nervatura 1 negativi o nulli.");
-    controlla(n.AttNerv(1) && n.H1Nerv(1) > n.distAlaSecPiastra,
+    controlla(n.AttNerv(1) && n.H1Nerv(1) > sopra,
               "Nervatura 1 più alta dello spazio disponibile sopra la trave secondaria.");
     controlla(n.AttNerv(1) && n.SpNerv(1) > n.BPiastra(2),
               "Larghezza della nervatura 1 eccessiva.");
@@ -75,12 +79,10 @@ bool ControllaDati(const Nodo& n, const Opzioni& opz, const Piattaforma& p) {
     controlla(n.BNerv(3) / 2.0 < n.spSaldS2,
               "Il lato della saldatura S2 non è compatibile con le dimensioni della nervatura 3.");
 
-    const Rettangolo comune = AreaComune(n);
-    controlla(comune.yMax <= comune.yMin, "Non c'è intersezione tra le due piastre.");
-    const double Ysec = n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec - n.TraSec.H;
+    controlla(g.comune.yMax <= g.comune.yMin, "Non c'è intersezione tra le due piastre.");
     for (int i = 1; i <= n.nBull; ++i) {
         const double R = (n.Fibull(i) + opz.ValOpz(kOpzTollForo)) / 2.0;
-        const char* testo = GuastoBullone(n, i, R, comune, Ysec);
+        const char* testo = GuastoBullone(n, g, i, R);
         if (testo != nullptr) {
             controlla(true, testo);
             break;

@@ -54,22 +54,4 @@ void NodoDiDefault(Nodo& n, const LibreriaProfili& profili, const Materiali& mat
     RicalcolaNervatura3(n);
 }
 
-double CimaPiastra2(const Nodo& n) {
-    return (n.TraPri.H + n.HPiastra(1)) / 2.0 - n.distAliPriSec + n.distAlaSecPiastra;
-}
-
-double AsseSecondaria(const Nodo& n) {
-    return n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec - n.TraSec.H / 2.0;
-}
-
-Rettangolo AreaComune(const Nodo& n) {
-    const double cima2 = CimaPiastra2(n);
-    Rettangolo r;
-    r.xMax = Min(n.BPiastra(1) / 2.0, n.BPiastra(2) / 2.0);
-    r.xMin = -r.xMax;
-    r.yMax = Min(n.HPiastra(1), cima2);
-    r.yMin = Max(0.0, cima2 - n.HPiastra(2));
-    return r;
-}
-
 }  // namespace tk07

@@ -74,14 +74,4 @@ void RicalcolaNervatura3(Nodo& nodo);
 // stands in its place. A caller asks before it writes over the file; empty when none is lost.
 std::vector<NomeAssente> NomiPersi(const Nodo& nodo);
 
-// Plate coordinates: x from the centre line, y from the lower end of plate 1, mm.
-double CimaPiastra2(const Nodo& nodo);    // upper end of plate 2
-double AsseSecondaria(const Nodo& nodo);  // axis of the secondary beam
-
-// The overlap of the two plates.
-struct Rettangolo {
-    double xMin = 0.0, xMax = 0.0, yMin = 0.0, yMax = 0.0;
-};
-Rettangolo AreaComune(const Nodo& nodo);
-
 }  // namespace tk07

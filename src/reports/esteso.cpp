@@ -187,12 +187,12 @@ class Compositore {
         PianoRel p;
         p.sestetto = s;
         p.titolo = NomeSestetto(n, s);
-        const double cima2 = CimaPiastra2(n);
-        p.piastra1 = {-n.BPiastra(1) / 2.0, n.BPiastra(1) / 2.0, 0.0, n.HPiastra(1)};
-        p.piastra2 = {-n.BPiastra(2) / 2.0, n.BPiastra(2) / 2.0, cima2 - n.HPiastra(2), cima2};
-        p.comune = AreaComune(n);
+        const Geometria g = GeometriaDi(n);
+        p.piastra1 = g.piastra(1);
+        p.piastra2 = g.piastra(2);
+        p.comune = g.comune;
         p.trave = {n.TraSec.B, n.TraSec.tw, n.TraSec.tf, n.TraSec.H};
-        p.yAsse = AsseSecondaria(n);
+        p.yAsse = g.yAsse;
         p.piano = PianoTensioni(c_.ris, s);
         p.zona = d_.equilibri[Posto(s)].zona;
         for (int i = 1; i <= n.nBull; ++i) {
@@ -237,7 +237,7 @@ class Compositore {
             "applicata + trasporto − bulloni − contatto; tolleranza = 1 + 0.0001·|carico| (daN, "
             "daN·mm), quella del risolutore. Il trasporto è il momento dei tagli per distAzioni "
             "= " +
-            TestoMm(PreparaGeometria(c_.n).distAzioni) + " mm, quando è da considerare.");
+            TestoMm(GeometriaDi(c_.n).xS) + " mm, quando è da considerare.");
         TabellaRel t;
         t.insieme = kRisultanti;
         t.colonne = {{"N."},      {"Risultante", true}, {"Applicata"}, {"Trasporto"},

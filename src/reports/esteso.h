@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "joint/geometria.h"
 #include "joint/nodo.h"
 #include "options/opzioni.h"
 #include "textnum/unita.h"

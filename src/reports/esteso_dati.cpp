@@ -27,7 +27,7 @@ void Titolo(std::vector<BloccoRel>& b, int livello, const std::string& t) {
     b.push_back(TitoloRel{livello, t});
 }
 
-void Geometria(const ContestoRel& c, std::vector<BloccoRel>& b) {
+void DatiGeometria(const ContestoRel& c, std::vector<BloccoRel>& b) {
     const Nodo& n = c.n;
     Titolo(b, 3, "Profili (mm)");
     TabellaRel profili{{{"Trave", true}, {"Profilo", true}, {"h"}, {"b"}, {"a"}, {"e"}, {"r"}}, {}};
@@ -166,13 +166,14 @@ void Resistenze(const ContestoRel& c, std::vector<BloccoRel>& b) {
     const auto frazione = [&](const std::string& sopra) {
         return "\\frac{" + sopra + "}{" + TestoReale(g) + "}";
     };
+    const Geometria forma = GeometriaDi(n);
     std::vector<bool> detto(static_cast<std::size_t>(n.nBull) + 1, false);
     for (int i = 1; i <= n.nBull; ++i) {
         if (detto[static_cast<std::size_t>(i)]) continue;
-        const CoefficientiRifollamento k = CoefficientiBullone(n, c.opz, i);
+        const CoefficientiRifollamento k = CoefficientiBullone(n, c.opz, forma, i);
         std::string chi;
         for (int j = i; j <= n.nBull; ++j) {
-            const CoefficientiRifollamento q = CoefficientiBullone(n, c.opz, j);
+            const CoefficientiRifollamento q = CoefficientiBullone(n, c.opz, forma, j);
             if (n.Fibull(j) != n.Fibull(i) || q.k != k.k || q.alfa != k.alfa) continue;
             detto[static_cast<std::size_t>(j)] = true;
             chi += (chi.empty() ? "" : ", ") + std::to_string(j);
@@ -206,8 +207,9 @@ void Resistenze(const ContestoRel& c, std::vector<BloccoRel>& b) {
 }
 
 void Gruppi(const ContestoRel& c, std::vector<BloccoRel>& b) {
-    const GruppoS1 s1 = ProprietaS1(c.n, c.ris);
-    const GruppoS2 s2 = ProprietaS2(c.n, c.ris);
+    const Geometria forma = GeometriaDi(c.n);
+    const GruppoS1 s1 = ProprietaS1(c.n, forma);
+    const GruppoS2 s2 = ProprietaS2(c.n, forma);
     Titolo(b, 2, "Gruppi di saldature");
     TabellaRel t{{{"Gruppo", true},
                   {"gola"},
@@ -293,7 +295,7 @@ void DatiIngresso(const ContestoRel& c, std::vector<BloccoRel>& b) {
     b.push_back(TestoRel{"Unità di misura: forze " + UnitaMostrata(u.UnitaForze) + ", momenti " +
                          UnitaMostrata(u.UnitaMomenti) + ", tensioni " +
                          UnitaMostrata(u.UnitaTensioni) + ", dimensioni mm."});
-    Geometria(c, b);
+    DatiGeometria(c, b);
     Saldature(c, b);
     DatiMateriali(c, b);
     Carichi(c, b);
@@ -302,11 +304,11 @@ void DatiIngresso(const ContestoRel& c, std::vector<BloccoRel>& b) {
 void GrandezzeComuni(const ContestoRel& c, std::vector<BloccoRel>& b) {
     const Nodo& n = c.n;
     const GeometriaVerifica g = PreparaGeometria(n);
-    const Rettangolo r = AreaComune(n);
+    const Rettangolo& r = g.forma.comune;
     Titolo(b, 2, "Livelli e bulloni");
     b.push_back(TabellaRel{
         {{"Grandezza", true}, {"Valore"}, {"Unità", true}},
-        {{{"cima della piastra 2", TestoMm(CimaPiastra2(n)), "mm"}},
+        {{{"cima della piastra 2", TestoMm(g.forma.piastra(2).yMax), "mm"}},
          {{"asse della trave secondaria", TestoMm(g.yAsse), "mm"}},
          {{"area comune delle piastre, x", TestoMm(r.xMin) + " … " + TestoMm(r.xMax), "mm"}},
          {{"area comune delle piastre, y", TestoMm(r.yMin) + " … " + TestoMm(r.yMax), "mm"}},

@@ -167,7 +167,7 @@ void SpiegaPiastra(const ContestoRel& c, const Riscontro& e, Sestetto s, Verific
     const auto limite = LimitePiastra(c, e, s);
     if (e.elemento == 1) {
         v.titolo += ": compressione di contatto";
-        const Rettangolo r = AreaComune(n);
+        const Rettangolo r = GeometriaDi(n).comune;
         const Tab1<double, 1, 3> p = PianoTensioni(c.ris, s);
         PuntoPiano dove{r.xMin, r.yMin};
         for (const PuntoPiano q :
@@ -183,7 +183,7 @@ void SpiegaPiastra(const ContestoRel& c, const Riscontro& e, Sestetto s, Verific
         return;
     }
     v.titolo += ": flessione dello sbalzo";
-    const Strisce st = StrisceDi(n);
+    const Strisce st = GeometriaDi(n).strisce;
     const bool c1 = st.ySup2 - st.ySup1 > 0.0, c2 = st.yInf2 - st.yInf1 > 0.0;
     if (!c1 && !c2) {
         v.formule = {nome + " = " + f.TensioneU(0.0) + ": la piastra 2 non sporge dalla trave",

@@ -15,11 +15,14 @@ constexpr std::int32_t kGiallo = ColoreArgb(0xFFFFFF00), kVerde = ColoreArgb(0xF
 constexpr std::int32_t kTappo = 1;
 constexpr short kTipoEstruso = 1;
 
-constexpr Punto3 kSu = {0, 0, 1}, kGiu = {0, 0, -1}, kAvanti = {1, 0, 0}, kIndietro = {-1, 0, 0};
+constexpr Punto3 kSu = {0, 0, 1}, kGiu = {0, 0, -1}, kAvanti = {1, 0, 0};
 // Direction of a side of the vertical middle plane.
 constexpr Punto3 Lato(double segno) { return {0, segno, 0}; }
 
 std::string Oggetto(const std::string& nome) { return "|oggetto=" + nome + "|"; }
+
+// Kept on purpose: half of plate 2, while Y counts from the lower end of plate 1.
+double OrigineBulloni(const Nodo& n) { return -n.HPiastra(2) / 2.0; }
 
 // Bolts of one diameter share their sections.
 struct SezioniBullone {
@@ -30,19 +33,13 @@ struct SezioniBullone {
 // A joint on its way into the scene. Every step is a no-op once one has failed.
 struct Montaggio {
     const Nodo& n;
-    const LunghezzeCordoni& LungSald;
+    const Geometria& g;
     Scena& s;
     const Piattaforma& p;
     bool bene = true;
     SezioniBullone ultimo;
 
-    // Levels and planes of the joint, mm.
-    double xPiastre() const {
-        return n.TraPri.B / 2.0 + n.distPiastraTraPri;
-    }  // between the plates
-    double xTraSec() const { return xPiastre() + n.SpPiastra(2); }
-    double zAla() const { return n.TraPri.H / 2.0 - n.distAliPriSec; }  // top of the secondary beam
-    double LS(int linea) const { return LungSald(linea - 1); }
+    double LS(int linea) const { return g.cordone(linea).lunghezza; }
 
     short Fissa(bool fatta) {
         short indice = 0;
@@ -83,35 +80,39 @@ struct Montaggio {
     }
 
     // A fillet weld along the segment, in the corner whose faces leave it towards `f1` and `f2`.
-    void Cordone(const std::string& nome, short sezione, Punto3 da, const Punto3& a,
-                 const Punto3& f1, const Punto3& f2) {
+    void Quarto(const std::string& nome, short sezione, Punto3 da, const Punto3& a,
+                const Punto3& f1, const Punto3& f2) {
         Punto3 asse;
         if (!bene || !Versore(da, a, asse)) return;
         // The quarter circle fills the quadrant between Y and Z, and Y × Z is the axis.
         const Punto3& y = Scalare(Prodotto(f1, f2), asse) > 0.0 ? f1 : f2;
         Aggiungi(Oggetto(nome), sezione, da, a, OrientPerY(da, a, y), kArancio, kTappo);
     }
-    // A line and its mirror across the middle plane, from distance y1 to y2 at (x, z), on a face
-    // towards `f1` and another towards `f2`: the line lies across the beams.
+    // A line that lies across the beams, and its mirror across the middle plane, from distance y1
+    // to y2.
     void CoppiaTrasversale(const std::string& nomeSu, const std::string& nomeGiu, short sezione,
-                           double x, double z, double y1, double y2, const Punto3& f1,
-                           const Punto3& f2) {
+                           const Cordone& c, double y1, double y2) {
         if (!(y2 > y1)) return;
-        Cordone(nomeSu, sezione, {x, y1, z}, {x, y2, z}, f1, f2);
-        Cordone(nomeGiu, sezione, {x, -y2, z}, {x, -y1, z}, f1, f2);
+        const double x = c.da[0], z = c.da[2];
+        Quarto(nomeSu, sezione, {x, y1, z}, {x, y2, z}, c.versoUno, c.versoDue);
+        Quarto(nomeGiu, sezione, {x, -y2, z}, {x, -y1, z}, c.versoUno, c.versoDue);
+    }
+    void CoppiaTrasversale(const std::string& nomeSu, const std::string& nomeGiu, short sezione,
+                           const Cordone& c) {
+        CoppiaTrasversale(nomeSu, nomeGiu, sezione, c, c.da[1], c.a[1]);
     }
     // A line at one side (+1 or -1) of a rib of thickness `sp`, in the plane of the rib's side.
     void CordoneNervatura(const std::string& nome, short sezione, double sp, double segno,
                           double x1, double z1, double x2, double z2, const Punto3& faccia) {
         if (!(x2 > x1 || z2 > z1)) return;
         const double y = segno * sp / 2.0;
-        Cordone(nome, sezione, {x1, y, z1}, {x2, y, z2}, faccia, Lato(segno));
+        Quarto(nome, sezione, {x1, y, z1}, {x2, y, z2}, faccia, Lato(segno));
     }
 
     void Travi() {
-        const double H1 = n.TraPri.H, H2 = n.TraSec.H, z0 = zAla() - H2 / 2.0;
+        const double H1 = n.TraPri.H, H2 = n.TraSec.H, z0 = g.zAsse;
         EstrusoProfilo({0, -H1, 0}, {0, H1, 0}, n.TraPri, 0.0, "TraPri");
-        EstrusoProfilo({xTraSec(), 0, z0}, {xTraSec() + 2.0 * H2, 0, z0}, n.TraSec, 0.0, "TraSec");
+        EstrusoProfilo({g.xS, 0, z0}, {g.xS + 2.0 * H2, 0, z0}, n.TraSec, 0.0, "TraSec");
     }
 
     void Piastra(int i, const char* nome, double x, double z, std::int32_t colore) {
@@ -121,17 +122,15 @@ struct Montaggio {
     }
 
     void SaldatureTrave(short sald) {
-        const double x = xTraSec(), z = zAla(), B2 = n.TraSec.B / 2.0, tf = n.TraSec.tf;
-        if (n.distAlaSecPiastra > 0.0) {
+        if (g.sporto(1) > 0.0) {
             // Without rib 1 the line goes from side to side: two halves of it.
-            const double da = n.AttNerv(1) ? B2 - LS(10) : 0.0;
-            const double a = n.AttNerv(1) ? B2 : LS(10) / 2.0;
-            CoppiaTrasversale("sald_trave_1", "sald_trave_2", sald, x, z, da, a, kAvanti, kSu);
+            const Cordone& s10 = g.cordone(10);
+            const double da = s10.doppio ? s10.da[1] : 0.0;
+            const double a = s10.doppio ? s10.a[1] : s10.lunghezza / 2.0;
+            CoppiaTrasversale("sald_trave_1", "sald_trave_2", sald, s10, da, a);
         }
-        CoppiaTrasversale("sald_trave_3", "sald_trave_4", sald, x, z - tf, B2 - LS(2), B2, kAvanti,
-                          kGiu);
-        CoppiaTrasversale("sald_trave_5", "sald_trave_6", sald, x, z - n.TraSec.H + tf, B2 - LS(3),
-                          B2, kAvanti, kSu);
+        CoppiaTrasversale("sald_trave_3", "sald_trave_4", sald, g.cordone(2));
+        CoppiaTrasversale("sald_trave_5", "sald_trave_6", sald, g.cordone(3));
     }
 
     // Rib 1 (k = 1) stands on the upper flange, rib 2 hangs from the lower one; both from plate 2.
@@ -139,8 +138,8 @@ struct Montaggio {
     void Nervatura(int k, short sald) {
         if (!bene || !n.AttNerv(k)) return;
         const bool sopra = k == 1;
-        const double x = xTraSec(), z = sopra ? zAla() : zAla() - n.TraSec.H, B = n.BNerv(k);
-        const double H1 = n.H1Nerv(k), H2 = n.H2Nerv(k), sp = n.SpNerv(k), a1 = n.spSaldS1;
+        const double x = g.xS, z = g.nervatura(k).zRadice, B = n.BNerv(k);
+        const double H1 = n.H1Nerv(k), H2 = n.H2Nerv(k), sp = n.SpNerv(k);
         const char* descri = sopra ? "Nerv_1" : "Nerv_2";
         short sezione = 0;
         // From the corner of plate and flange; clockwise.
@@ -156,20 +155,18 @@ struct Montaggio {
         Aggiungi(Oggetto(sopra ? "Nerv1" : "Nerv_2"), sezione, {x, -sp / 2.0, z}, {x, sp / 2.0, z},
                  0.0, kVerde, kTappo);
 
-        const int base = sopra ? 12 : 14, lato = base + 1;
-        const double sporto =
-            sopra ? n.distAlaSecPiastra : n.HPiastra(2) - n.distAlaSecPiastra - n.TraSec.H;
-        const double inizio = sporto < a1 ? x : x + a1;  // clear of the weld of flange and plate
-        const double z1 = sopra ? z + a1 : z - a1 - LS(lato);
+        const Cordone &base = g.cordone(sopra ? 12 : 14), &lato = g.cordone(sopra ? 13 : 15);
+        const double z1 = sopra ? lato.da[2] : lato.a[2];
         const std::string nome = "sald_nerv" + std::to_string(k) + "_Y";
         for (const bool suPiastra : {false, true}) {
             for (const double segno : {sopra ? -1.0 : 1.0, sopra ? 1.0 : -1.0}) {
                 const std::string questo = nome + (segno < 0.0 ? "neg" : "pos");
                 if (suPiastra) {
-                    CordoneNervatura(questo, sald, sp, segno, x, z1, x, z1 + LS(lato), kAvanti);
+                    CordoneNervatura(questo, sald, sp, segno, x, z1, x, z1 + lato.lunghezza,
+                                     kAvanti);
                 } else {
-                    CordoneNervatura(questo, sald, sp, segno, inizio, z, inizio + LS(base), z,
-                                     sopra ? kSu : kGiu);
+                    CordoneNervatura(questo, sald, sp, segno, base.da[0], z, base.a[0], z,
+                                     base.versoUno);
                 }
             }
         }
@@ -178,9 +175,7 @@ struct Montaggio {
     // Rib 3 fills the main beam between its web and plate 1.
     void Nervatura3(short sald) {
         if (!bene) return;
-        const double B = n.BNerv(3), sp = n.SpNerv(3), xAnima = n.TraPri.tw / 2.0;
-        const double xPiastra = xPiastre() - n.SpPiastra(1), zAle = n.TraPri.H / 2.0 - n.TraPri.tf;
-        const double x = xAnima + B / 2.0, a2 = n.spSaldS2, B1 = n.BPiastra(1) / 2.0;
+        const double B = n.BNerv(3), sp = n.SpNerv(3), x = g.xAnima + B / 2.0, a2 = n.spSaldS2;
         const short k = Fissa(SezioneRettangolo(s, B, n.H1Nerv(3), "nerv_3", p));
         Aggiungi(Oggetto("Nerv_3_superiore"), k, {x, -sp / 2.0, 0}, {x, sp / 2.0, 0}, 0.0, kVerde,
                  kTappo);
@@ -188,20 +183,20 @@ struct Montaggio {
         const auto nome = [&] { return "sald_nerv3_" + std::to_string(++numero); };
         // s5 and s7 begin clear of the weld of rib and plate.
         for (const bool sotto : {true, false}) {
-            const double z = sotto ? -zAle : zAle, L = LS(sotto ? 5 : 7);
+            const double z = sotto ? -g.zAlaPri : g.zAlaPri, L = LS(sotto ? 5 : 7);
             for (const double segno : {1.0, -1.0}) {
-                CordoneNervatura(nome(), sald, sp, segno, xPiastra - a2 - L, z, xPiastra - a2, z,
+                CordoneNervatura(nome(), sald, sp, segno, g.xP1 - a2 - L, z, g.xP1 - a2, z,
                                  sotto ? kSu : kGiu);
             }
         }
         for (const double segno : {1.0, -1.0}) {
-            CordoneNervatura(nome(), sald, sp, segno, xAnima, -LS(6) / 2.0, xAnima, LS(6) / 2.0,
+            const Cordone& s6 = g.cordone(6);
+            CordoneNervatura(nome(), sald, sp, segno, s6.da[0], s6.da[2], s6.a[0], s6.a[2],
                              kAvanti);
         }
         for (const bool sotto : {false, true}) {
             const std::string primo = nome(), secondo = nome();
-            CoppiaTrasversale(primo, secondo, sald, xPiastra, sotto ? -zAle : zAle,
-                              B1 - LS(sotto ? 9 : 8), B1, kIndietro, sotto ? kSu : kGiu);
+            CoppiaTrasversale(primo, secondo, sald, g.cordone(sotto ? 9 : 8));
         }
     }
 
@@ -231,12 +226,9 @@ struct Montaggio {
     void Bulloni(short quanti, const Tabella& X, const Tabella& Y, const Tabella& Fi,
                  const char* nome) {
         constexpr double boltOrigineY = 0.0;
-        // Half of plate 2, while Y counts from the lower end of plate 1: with plates of different
-        // height the scene's bolts stand off by half of the difference, and solids and drawings,
-        // which are measured, do not use them.
-        const double boltOrigineZ = -n.HPiastra(2) / 2.0;
+        const double boltOrigineZ = OrigineBulloni(n);
         for (int i = 1; i <= quanti; ++i) {
-            const Punto3 p1 = {xTraSec(), X(i) + boltOrigineY, Y(i) + boltOrigineZ};
+            const Punto3 p1 = {g.xS, X(i) + boltOrigineY, Y(i) + boltOrigineZ};
             const Punto3 p2 = {p1[0] - n.SpPiastra(2) - n.SpPiastra(1), p1[1], p1[2]};
             AggiungiBullone(Fi(i), p1, p2, nome + std::to_string(i));
         }
@@ -247,9 +239,8 @@ struct Montaggio {
         if (!bene) return;
         const short sald2 = Fissa(SezioneQuartoCerchio(s, n.spSaldS2, "sald_traveP", p));
         Travi();
-        Piastra(1, "piastra_lato_TraPri", xPiastre() - n.SpPiastra(1), 0.0, kGiallo);
-        Piastra(2, "piastra_lato_TraSec", xPiastre(),
-                zAla() + n.distAlaSecPiastra - n.HPiastra(2) / 2.0, kVerde);
+        Piastra(1, "piastra_lato_TraPri", g.xP1, 0.0, kGiallo);
+        Piastra(2, "piastra_lato_TraSec", g.xP2, g.zP22 - n.HPiastra(2) / 2.0, kVerde);
         SaldatureTrave(sald1);
         Nervatura(1, sald1);
         Nervatura(2, sald1);
@@ -268,10 +259,10 @@ std::string Marcatore(std::string_view descri, const char* nome) {
 
 }  // namespace
 
-bool ComponiScena3D(const Nodo& nodo, const LunghezzeCordoni& LungSald,
-                    const BulloniTemp* provvisori, Scena& s, const Piattaforma& p) {
+bool ComponiScena3D(const Nodo& nodo, const Geometria& g, const BulloniTemp* provvisori, Scena& s,
+                    const Piattaforma& p) {
     ImpostaScena(s, 15.0, 50.0, 3.0, "TK07");
-    Montaggio m{nodo, LungSald, s, p, true, {}};
+    Montaggio m{nodo, g, s, p, true, {}};
     m.Tutto(provvisori);
     if (!m.bene) SvuotaScena(s);
     return m.bene;
@@ -279,7 +270,9 @@ bool ComponiScena3D(const Nodo& nodo, const LunghezzeCordoni& LungSald,
 
 void SvuotaScena(Scena& s) { ImpostaScena(s, 30.0, 30.0, 5.0, "non_definito"); }
 
-double AltezzaVeraBullone(const Nodo& n, double Ybull) { return Ybull - n.HPiastra(1) / 2.0; }
+double AlzataBulloni(const Nodo& n, const Geometria& g) {
+    return AltezzaBullone(g, 0.0) - OrigineBulloni(n);
+}
 
 std::string NomeOggetto(std::string_view descri) { return Marcatore(descri, "oggetto"); }
 std::string ParteBullone(std::string_view descri) { return Marcatore(descri, "estruso"); }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/piattaforma.h"
+#include "base/punto.h"
 
 namespace tk07 {
 
@@ -24,8 +25,6 @@ inline constexpr std::int32_t kColoreTappi = -16777077;  // 0xFF00008B, end caps
 inline constexpr std::int32_t ColoreArgb(std::uint32_t argb) {
     return static_cast<std::int32_t>(argb);
 }
-
-using Punto3 = std::array<double, 3>;
 
 // A segment that carries one section from end to end. How section coordinates become points of the
 // scene is told in terna.h.

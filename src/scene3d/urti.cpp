@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/aritmetica.h"
-#include "scene3d/assemblaggio.h"
+#include "joint/geometria.h"
 
 namespace tk07 {
 
@@ -27,36 +27,32 @@ bool Tocca(const Ostacolo& o, double y, double z, double raggio) {
     return std::hypot(dy, dz) < raggio - 1e-6;
 }
 
-bool HaForma(const Nodo& n, int k) {
-    return (k == 3 || n.AttNerv(k)) && n.H1Nerv(k) > 0.0 && n.BNerv(k) > 0.0 && n.SpNerv(k) > 0.0;
-}
-
 }  // namespace
 
 std::vector<Urto> UrtiBulloni(const Nodo& n) {
-    const double zAla = n.TraPri.H / 2.0 - n.distAliPriSec, zSotto = zAla - n.TraSec.H;
+    const Geometria g = GeometriaDi(n);
+    const double zAla = g.zS2, zSotto = g.zS;
     const double b = n.TraSec.B / 2.0, tf = n.TraSec.tf, anima = n.TraSec.tw / 2.0;
     std::vector<Ostacolo> davanti{{"l'anima della trave secondaria", -anima, anima, zSotto, zAla},
                                   {"un'ala della trave secondaria", -b, b, zAla - tf, zAla},
                                   {"un'ala della trave secondaria", -b, b, zSotto, zSotto + tf}};
-    if (HaForma(n, 1)) {
+    if (g.nervatura(1).conForma) {
         const double s = n.SpNerv(1) / 2.0;
         davanti.push_back({"la nervatura superiore", -s, s, zAla, zAla + n.H1Nerv(1)});
     }
-    if (HaForma(n, 2)) {
+    if (g.nervatura(2).conForma) {
         const double s = n.SpNerv(2) / 2.0;
         davanti.push_back({"la nervatura inferiore", -s, s, zSotto - n.H1Nerv(2), zSotto});
     }
-    const double xDietro = n.TraPri.B / 2.0 + n.distPiastraTraPri - n.SpPiastra(1);
-    const double zDentro = n.TraPri.H / 2.0 - n.TraPri.tf, zFuori = n.TraPri.H / 2.0;
+    const double zDentro = g.zAlaPri, zFuori = n.TraPri.H / 2.0;
     std::vector<Ostacolo> dietro;
-    if (HaForma(n, 3)) {
+    if (g.nervatura(3).conForma) {
         const double s = n.SpNerv(3) / 2.0, h = n.H1Nerv(3) / 2.0;
         dietro.push_back({"la nervatura interna", -s, s, -h, h});
     }
     std::vector<Urto> urti;
     const auto prova = [&](int i, const char* elemento, const std::vector<Ostacolo>& ostacoli) {
-        const double z = AltezzaVeraBullone(n, n.Ybull(i));
+        const double z = AltezzaBullone(g, n.Ybull(i));
         for (const Ostacolo& o : ostacoli) {
             const bool detto = std::any_of(urti.begin(), urti.end(), [&](const Urto& u) {
                 return u.bullone == i && std::string_view(u.parte) == o.parte;
@@ -69,7 +65,7 @@ std::vector<Urto> UrtiBulloni(const Nodo& n) {
     for (int i = 1; i <= n.nBull; ++i) {
         prova(i, "la testa", davanti);
         std::vector<Ostacolo> suoi = dietro;
-        const double xDado = xDietro - kAltoDado * n.Fibull(i);
+        const double xDado = g.xP1 - kAltoDado * n.Fibull(i);
         // The flanges reach to B / 2, the web stands across the axis.
         if (xDado < n.TraPri.B / 2.0) {
             for (const auto& [z1, z2] :
@@ -77,7 +73,7 @@ std::vector<Urto> UrtiBulloni(const Nodo& n) {
                 suoi.push_back({"un'ala della trave principale", -kSenzaFine, kSenzaFine, z1, z2});
             }
         }
-        if (xDado < n.TraPri.tw / 2.0) {
+        if (xDado < g.xAnima) {
             suoi.push_back(
                 {"l'anima della trave principale", -kSenzaFine, kSenzaFine, -zFuori, zFuori});
         }

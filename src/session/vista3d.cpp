@@ -5,7 +5,6 @@
 #include "base/file_testo.h"
 #include "scene3d/assemblaggio.h"
 #include "scene3d/file_scena.h"
-#include "verification/saldature.h"
 
 namespace tk07 {
 
@@ -15,18 +14,15 @@ std::string FileVista3D(const Sessione& s) {
 
 bool PreparaScena(Sessione& s, BulloniProvvisori provvisori) {
     RicalcolaNervatura3(s.nodo);
-    // Lengths for the picture alone: the results of a verification stay as they are.
-    Risultati soloLunghezze;
-    try {
-        LunghezzeSaldature(s.nodo, soloLunghezze);
-    } catch (const GrandezzaNulla& g) {
+    const Geometria g = GeometriaDi(s.nodo);
+    if (const char* nulla = GrandezzaMancante(g)) {
         SvuotaScena(s.scena);
-        MostraAvviso(s.piattaforma, "La vista 3D non è possibile: " + g.testo + " nulla.");
+        MostraAvviso(s.piattaforma,
+                     std::string("La vista 3D non è possibile: ") + nulla + " nulla.");
         return false;
     }
-    return ComponiScena3D(s.nodo, soloLunghezze.LungSald,
-                          provvisori == BulloniProvvisori::si ? &s.bulloni : nullptr, s.scena,
-                          s.piattaforma);
+    return ComponiScena3D(s.nodo, g, provvisori == BulloniProvvisori::si ? &s.bulloni : nullptr,
+                          s.scena, s.piattaforma);
 }
 
 bool Vista3D(Sessione& s, LanciaVista lancia, BulloniProvvisori provvisori) {

@@ -12,6 +12,7 @@ namespace tk07 {
 
 GeometriaVerifica PreparaGeometria(const Nodo& n) {
     GeometriaVerifica g;
+    g.forma = GeometriaDi(n);
     double somma = 0.0, sx = 0.0, sy = 0.0;
     for (int i = 1; i <= n.nBull; ++i) {
         g.Area(i) = AreaResistente(n.Fibull(i));
@@ -27,8 +28,8 @@ GeometriaVerifica PreparaGeometria(const Nodo& n) {
         const double dx = n.Xbull(i) - g.XG, dy = n.Ybull(i) - g.YG;
         g.Ip += g.Area(i) * (dx * dx + dy * dy);
     }
-    g.distAzioni = n.TraPri.B / 2.0 + n.distPiastraTraPri + n.SpPiastra(2);
-    g.yAsse = AsseSecondaria(n);
+    g.distAzioni = g.forma.xS;
+    g.yAsse = g.forma.yAsse;
     return g;
 }
 
@@ -38,7 +39,7 @@ bool Trasporta(const Nodo& n, int s, double distAzioni) {
 
 PoligonoCompresso PreparaPoligono(const Nodo& n, const GeometriaVerifica& geo) {
     PoligonoCompresso pol;
-    const Rettangolo r = AreaComune(n);
+    const Rettangolo& r = geo.forma.comune;
     pol.polRifFisso = 1;
     pol.polRifY = geo.yAsse;
     pol.polNVert = 4;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "joint/geometria.h"
 #include "joint/nodo.h"
 #include "verification/poligono.h"
 #include "verification/risultati.h"
@@ -8,6 +9,7 @@ namespace tk07 {
 
 // Values of the joint that every load set uses: worked out once for a run.
 struct GeometriaVerifica {
+    Geometria forma;
     Tab1<double, 0, kMaxBulloni> Area;  // AreaResistente of bolt i [mm2]
     double XG = 0.0, YG = 0.0;          // centroid of the bolts weighted by their area [mm]
     double Ip = 0.0;                    // polar moment of the bolts about it [mm4]

@@ -63,7 +63,7 @@ Equilibrio EquilibrioSestetto(const Nodo& n, const Risultati& ris, int s) {
     if (Trasporta(n, s, geo.distAzioni)) {
         e.trasporto = {0.0, -geo.distAzioni * n.TaglioZ(s), -geo.distAzioni * n.TaglioY(s)};
     }
-    const Rettangolo r = AreaComune(n);
+    const Rettangolo& r = geo.forma.comune;
     e.zona = SottoLivello({{r.xMin, r.yMin}, {r.xMax, r.yMin}, {r.xMax, r.yMax}, {r.xMin, r.yMax}},
                           c, 0.0);
     Integrali bulloni, contatto;

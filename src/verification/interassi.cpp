@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/aritmetica.h"
+#include "joint/geometria.h"
 
 namespace tk07 {
 
@@ -56,14 +57,12 @@ class Passata {
     int Ordinato(int a) const { return ordine_[static_cast<std::size_t>(a)]; }
 
     void Bordi(Distanze& d) const {
+        const Geometria g = GeometriaDi(n_);
         const int primo = Ordinato(0), ultimo = Ordinato(b_.n - 1);
         for (int k = 1; k <= 2; ++k) {
-            double lo = -n_.BPiastra(k) / 2.0, hi = n_.BPiastra(k) / 2.0;
-            if (dir_ == Direzione::verticale) {
-                const double cima2 = CimaPiastra2(n_);
-                lo = k == 1 ? 0.0 : cima2 - n_.HPiastra(2);
-                hi = k == 1 ? n_.HPiastra(1) : cima2;
-            }
+            const Rettangolo& r = g.piastra(k);
+            const bool orizz = dir_ == Direzione::orizzontale;
+            const double lo = orizz ? r.xMin : r.yMin, hi = orizz ? r.xMax : r.yMax;
             // Absolute values: a bolt outside the plate is measured from outside.
             const double minimo = regola_.BordoMin(dir_);
             const double massimo = regola_.BordoMassimo(n_.SpPiastra(k), BordoIrrigidito(k, dir_));

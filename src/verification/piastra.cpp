@@ -10,17 +10,6 @@
 
 namespace tk07 {
 
-Strisce StrisceDi(const Nodo& n) {
-    const double cima2 = CimaPiastra2(n);
-    const double asseSup = (n.TraPri.H + n.HPiastra(1)) / 2.0 - n.distAliPriSec;
-    Strisce s;
-    s.yInf1 = Max(0.0, cima2 - n.HPiastra(2));
-    s.yInf2 = Min(n.HPiastra(1), asseSup - n.TraSec.H);
-    s.ySup1 = Max(0.0, asseSup);
-    s.ySup2 = Min(cima2, n.HPiastra(1));
-    return s;
-}
-
 double FlessionePiastra(const Nodo& n, int k, double M, double sig) {
     const double B = n.TraSec.B, t = n.SpPiastra(2);
     if (!n.AttNerv(k)) {
@@ -115,8 +104,9 @@ class ContattoStriscia {
 
 }  // namespace
 
-bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, const Strisce& st, Risultati& ris,
+bool VerificaPiastra(const Nodo& n, const GeometriaVerifica& geo, Risultati& ris,
                      const Piattaforma& p) {
+    const Strisce& st = geo.forma.strisce;
     const bool conSup = st.ySup2 - st.ySup1 > 0.0, conInf = st.yInf2 - st.yInf1 > 0.0;
     ContattoStriscia sup(n, st.ySup1, st.ySup2, ris), inf(n, st.yInf1, st.yInf2, ris);
     const auto y = n.Ybull.Tratto(1, n.nBull), area = geo.Area.Tratto(1, n.nBull);

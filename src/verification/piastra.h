@@ -6,12 +6,6 @@
 
 namespace tk07 {
 
-// The strips of plate 2 that stand out below and above the flanges of the secondary beam [mm].
-struct Strisce {
-    double yInf1 = 0.0, yInf2 = 0.0, ySup1 = 0.0, ySup2 = 0.0;
-};
-Strisce StrisceDi(const Nodo& nodo);
-
 // Bending of plate 2 in its two overhangs, cantilevers loaded by bolts and contact and stiffened by
 // ribs 1 and 2, for every load set.
 //   Reads       nodo, geo, ris.Sigma, ris.Piano [daN/mm2]: the plates are not turned against each
@@ -23,8 +17,8 @@ Strisce StrisceDi(const Nodo& nodo);
 // a step where bolts are hardly pulled. The section is as wide as the beam's flange, on the safe
 // side of a wider plate. The T section takes no own inertia of the rib (safe side), and its second
 // fibre lies at the face of the plate that meets the rib, not at the far one.
-bool VerificaPiastra(const Nodo& nodo, const GeometriaVerifica& geo, const Strisce& strisce,
-                     Risultati& ris, const Piattaforma& p);
+bool VerificaPiastra(const Nodo& nodo, const GeometriaVerifica& geo, Risultati& ris,
+                     const Piattaforma& p);
 
 // Larger of `sig` and the bending stress of the section with rib k (1, 2) under moment M [daN mm].
 double FlessionePiastra(const Nodo& nodo, int k, double M, double sig);

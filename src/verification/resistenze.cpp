@@ -39,13 +39,14 @@ constexpr double kEstremo = 0.01;  // mm
 
 }  // namespace
 
-CoefficientiRifollamento CoefficientiBullone(const Nodo& n, const Opzioni& opz, int i) {
+CoefficientiRifollamento CoefficientiBullone(const Nodo& n, const Opzioni& opz, const Geometria& g,
+                                             int i) {
     CoefficientiRifollamento r;
     const double d0 = NonNullo(n.Fibull(i) + opz.ValOpz(kOpzTollForo), "diametro del foro");
     const double rapporto = n.vite.FtVite / NonNullo(n.acciaio.Ftk40, "ftk dell'acciaio");
     const double x = n.Xbull(i), y = n.Ybull(i);
 
-    const double W = Min(n.BPiastra(1) / 2.0, n.BPiastra(2) / 2.0);
+    const double W = g.comune.xMax;
     const Fila riga = FilaDi(n, n.Xbull, n.Ybull, i);
     if (std::fabs(x - riga.minimo) < kEstremo) {
         r.k = Min(ntc::kRifMassimo, ntc::kRifBordo * (x + W) / d0 - ntc::kRifMeno);
@@ -55,7 +56,7 @@ CoefficientiRifollamento CoefficientiBullone(const Nodo& n, const Opzioni& opz, 
         r.k = Min(ntc::kRifMassimo, ntc::kRifPasso * riga.vicino / d0 - ntc::kRifMeno);
     }
 
-    const Rettangolo comune = AreaComune(n);
+    const Rettangolo& comune = g.comune;
     const Fila colonna = FilaDi(n, n.Ybull, n.Xbull, i);
     double a = 0.0;
     if (std::fabs(y - colonna.minimo) < kEstremo) {
@@ -78,7 +79,7 @@ void ResistenzeBulloni(const Nodo& n, const Opzioni& opz, const GeometriaVerific
     for (int i = 1; i <= n.nBull; ++i) {
         const double A = geo.Area(i);
         const double d = n.Fibull(i);
-        const CoefficientiRifollamento c = CoefficientiBullone(n, opz, i);
+        const CoefficientiRifollamento c = CoefficientiBullone(n, opz, geo.forma, i);
         ris.Fv_Rd(i) = fattore * n.vite.FtVite * A / kMm2PerCm2 / gamma;
         ris.Fb_Rd(i) = c.k * c.alfa * Ftk * d * t / kMm2PerCm2 / gamma;
         ris.Bp_Rd(i) = ntc::kFattorePunzonamento * kPi * Ftk * (ntc::kDiametroPunzonamento * d) *
@@ -136,8 +137,7 @@ void SigRifollamento(const Nodo& n, const GeometriaVerifica& geo, Risultati& ris
 
 double CoeffRifollamento(const Nodo& n, const Opzioni& opz, int s) {
     const double gioco = opz.ValOpz(kOpzTollForo);
-    const double q = n.HPiastra(1) / 2.0 + n.TraPri.H / 2.0 - n.distAliPriSec +
-                     n.distAlaSecPiastra - n.HPiastra(2);
+    const double q = GeometriaDi(n).piastra(2).yMin;
     double dY = std::fabs(n.Ybull(1));
     double dX = std::fabs(n.Xbull(1) - n.BPiastra(1) / 2.0);
     double d = n.Fibull(1) + gioco;

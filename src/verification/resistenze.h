@@ -13,7 +13,8 @@ namespace tk07 {
 struct CoefficientiRifollamento {
     double k = 0.0, alfa = 0.0;
 };
-CoefficientiRifollamento CoefficientiBullone(const Nodo& nodo, const Opzioni& opz, int i);
+CoefficientiRifollamento CoefficientiBullone(const Nodo& nodo, const Opzioni& opz,
+                                             const Geometria& g, int i);
 
 // Resistances of every bolt, independent of the load set.
 //   Reads       nodo (bolts, plates, acciaio, vite), geo.Area [mm2], hole clearance

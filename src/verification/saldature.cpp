@@ -6,12 +6,6 @@
 
 namespace tk07 {
 
-bool PiastraSporge(const Nodo& n, int k) {
-    const double sporto =
-        k == 1 ? n.distAlaSecPiastra : n.HPiastra(2) - n.distAlaSecPiastra - n.TraSec.H;
-    return !(sporto < n.spSaldS1);
-}
-
 std::string NomeLinea(int j) { return "s" + std::to_string(j % 15 + 1) + (j >= 15 ? "'" : ""); }
 
 void AggiungiTaglio(const Nodo& n, std::initializer_list<int> linee,
@@ -27,52 +21,9 @@ void AggiungiTaglio(const Nodo& n, std::initializer_list<int> linee,
     }
 }
 
-namespace {
-
-// Line at the rib's base (s12, s14).
-double LunghezzaBaseNervatura(const Nodo& n, int k) {
-    const double a1 = n.spSaldS1, H1 = n.H1Nerv(k), H2 = n.H2Nerv(k), B = n.BNerv(k);
-    const bool sporge = PiastraSporge(n, k);
-    if (H2 < a1 && H1 != H2) {  // the rib's tip is cut to a point
-        return sporge ? std::fabs((a1 - H2) / (H1 - H2) * B - B + a1) : B;
-    }
-    return sporge ? B - a1 : B;
-}
-
-// Line along the rib's side on the plate (s13, s15).
-double LunghezzaLatoNervatura(const Nodo& n, int k) {
-    const double a1 = n.spSaldS1, H1 = n.H1Nerv(k), H2 = n.H2Nerv(k);
-    const double B = NonNullo(n.BNerv(k), k == 1 ? "larghezza della nervatura 1 (saldatura s13)"
-                                                 : "larghezza della nervatura 2 (saldatura s15)");
-    return std::fabs(H1 - a1 - (H1 - H2) * a1 / B);
-}
-
-}  // namespace
-
-void LunghezzeSaldature(const Nodo& n, Risultati& ris) {
-    const ProfiloRec& s = n.TraSec;
-    const ProfiloRec& t = n.TraPri;
-    const double a1 = n.spSaldS1, a2 = n.spSaldS2;
-    const auto metti = [&](int linea, double lunghezza) {
-        ris.LungSald(linea - 1) = Int(lunghezza);
-    };
-
-    metti(1, s.H - 2.0 * s.tf - 2.0 * Max(s.r, a1));
-    metti(2, (s.B / 2.0 - s.tw / 2.0) - Max(s.r, a1));
-    metti(3, (s.B / 2.0 - s.tw / 2.0) - Max(s.r, a1));
-    metti(4, t.H - 2.0 * t.tf - 2.0 * a2);
-    metti(5, n.BNerv(3) - n.SmussoNerv(3) - a2);
-    metti(6, t.H - 2.0 * t.tf - 2.0 * n.SmussoNerv(3));
-    metti(7, n.BNerv(3) - n.SmussoNerv(3) - a2);
-    metti(8, n.BPiastra(1) / 2.0 - n.SpNerv(3) / 2.0 - a2);
-    metti(9, n.BPiastra(1) / 2.0 - n.SpNerv(3) / 2.0 - a2);
-    for (int k = 1; k <= 2; ++k) {
-        double l = 0.0;
-        if (PiastraSporge(n, k)) l = n.AttNerv(k) ? (s.B - n.SpNerv(k)) / 2.0 - a1 : s.B;
-        metti(9 + k, l);
-        metti(10 + 2 * k, n.AttNerv(k) ? LunghezzaBaseNervatura(n, k) : 0.0);
-        metti(11 + 2 * k, n.AttNerv(k) ? LunghezzaLatoNervatura(n, k) : 0.0);
-    }
+void LunghezzeSaldature(const Geometria& g, Risultati& ris) {
+    for (int l = 1; l <= kCordoni; ++l) ris.LungSald(l - 1) = g.cordone(l).lunghezza;
+    if (const char* nulla = GrandezzaMancante(g)) throw GrandezzaNulla{nulla};
 }
 
 void CalcolaSEq(int s, Risultati& ris) {

@@ -32,12 +32,12 @@ struct Somma {
 
 }  // namespace
 
-GruppoS1 ProprietaS1(const Nodo& n, const Risultati& ris) {
-    const auto LS = [&](int linea) { return ris.LungSald(linea - 1); };
+GruppoS1 ProprietaS1(const Nodo& n, const Geometria& geo) {
+    const auto LS = [&](int linea) { return geo.cordone(linea).lunghezza; };
     const ProfiloRec& s = n.TraSec;
     const double a1 = n.spSaldS1;
     GruppoS1 g;
-    const double b = g.b = a1 / std::sqrt(2.0);
+    const double b = g.b = geo.cordone(1).gola;
     const double b3 = b * b * b;
     Somma m;
     m.Verticali(2.0, LS(1), b, s.H / 2.0, s.tw / 2.0 + b / 2.0);
@@ -47,8 +47,8 @@ GruppoS1 ProprietaS1(const Nodo& n, const Risultati& ris) {
     for (int k = 1; k <= 2; ++k) {
         const double L = LS(9 + k);
         const double y = k == 1 ? s.H + b / 2.0 : -b / 2.0;
-        if (PiastraSporge(n, k)) {
-            const double quante = n.AttNerv(k) ? 2.0 : 1.0;
+        if (geo.cordone(9 + k).previsto) {
+            const double quante = geo.cordone(9 + k).doppio ? 2.0 : 1.0;
             m.Orizzontali(quante, L, b, y, n.AttNerv(k) ? s.B / 2.0 - L / 2.0 : 0.0);
             lunghezze += quante * L;
         }
@@ -72,58 +72,16 @@ GruppoS1 ProprietaS1(const Nodo& n, const Risultati& ris) {
 
 namespace {
 
-struct Estremi {
-    double x1, x2, y1, y2;
-};
-
-struct LineaS1 {
-    Estremi e;
-    int linea;      // 1..15
-    bool specchio;  // has a mirror
-};
-
-// Ends of the lines in which S_prp is computed; those of absent lines are not listed.
-int LineeS1(const Nodo& n, const Risultati& ris, double b, LineaS1* linee) {
-    const auto LS = [&](int linea) { return ris.LungSald(linea - 1); };
-    const ProfiloRec& s = n.TraSec;
-    const double a1 = n.spSaldS1;
-    int q = 0;
-    const auto verticale = [&](int l, double x, double y1, double y2) {
-        linee[q++] = {{x, x, y1, y2}, l, true};
-    };
-    const auto orizzontale = [&](int l, double x1, double x2, double y, bool specchio) {
-        linee[q++] = {{x1, x2, y, y}, l, specchio};
-    };
-    verticale(1, s.tw / 2.0 + b, s.H / 2.0 - LS(1) / 2.0, s.H / 2.0 + LS(1) / 2.0);
-    orizzontale(2, s.B / 2.0 - LS(2), s.B / 2.0, s.H - s.tf, true);
-    orizzontale(3, s.B / 2.0 - LS(2), s.B / 2.0, s.tf, true);
-    for (int k = 1; k <= 2; ++k) {
-        const double y = k == 1 ? s.H + b : -b;
-        if (PiastraSporge(n, k)) {
-            const double x1 = n.AttNerv(k) ? s.B / 2.0 - LS(9 + k) : -s.B / 2.0;
-            orizzontale(9 + k, x1, s.B / 2.0, y, n.AttNerv(k));
-        }
-        if (n.AttNerv(k)) {
-            const int l = 11 + 2 * k;
-            const double x = n.SpNerv(k) / 2.0 + b;
-            if (k == 1) {
-                verticale(l, x, s.H + a1, s.H + a1 + LS(l));
-            } else {
-                verticale(l, x, -(a1 + LS(l)), -a1);
-            }
-        }
-    }
-    return q;
-}
-
 // The side welds of rib k hand their force on to the welds at the rib's base.
-void NervaturaS1(const Nodo& n, const GruppoS1& g, int s, int k, Risultati& ris) {
+void NervaturaS1(const Nodo& n, const Geometria& geo, const GruppoS1& g, int s, int k,
+                 Risultati& ris) {
     const int V = 11 + 2 * k - 1, O = 10 + 2 * k - 1;  // s13/s12 or s15/s14, from 0
     const int Vp = V + kSpecchio, Op = O + kSpecchio;
     const double a1 = n.spSaldS1, b = g.b, sp = n.SpNerv(k);
-    const double LV = ris.LungSald(V);
-    const double LO = NonNullo(ris.LungSald(O), k == 1 ? "lunghezza della saldatura s12"
-                                                       : "lunghezza della saldatura s14");
+    const double LV = geo.cordone(V + 1).lunghezza;
+    const double LO =
+        NonNullo(geo.cordone(O + 1).lunghezza,
+                 k == 1 ? "lunghezza della saldatura s12" : "lunghezza della saldatura s14");
     const double v1 = ris.S_prp1(s, V), v2 = ris.S_prp2(s, V);
     const double w1 = ris.S_prp1(s, Vp), w2 = ris.S_prp2(s, Vp);
     const double Ty = n.TaglioY(s), segnoMt = Sgn(n.MomTorc(s));
@@ -169,17 +127,17 @@ void NervaturaS1(const Nodo& n, const GruppoS1& g, int s, int k, Risultati& ris)
 
 }  // namespace
 
-void VerificaSaldatureS1(const Nodo& n, double distAzioni, Risultati& ris, const Piattaforma& p) {
+void VerificaSaldatureS1(const Nodo& n, const Geometria& geo, Risultati& ris,
+                         const Piattaforma& p) {
+    const double distAzioni = geo.xS;
     const ProfiloRec& sec = n.TraSec;
-    const GruppoS1 g = ProprietaS1(n, ris);
+    const GruppoS1 g = ProprietaS1(n, geo);
     if (n.nSollAg > 0) {  // with no load set nothing is divided
         NonNullo(g.A, "area delle saldature S1");
         NonNullo(g.Ix, "momento d'inerzia Ix delle saldature S1");
         NonNullo(g.Iy, "momento d'inerzia Iy delle saldature S1");
         NonNullo(g.J, "rigidezza torsionale J delle saldature S1");
     }
-    LineaS1 linee[8];
-    const int quante = LineeS1(n, ris, g.b, linee);
     for (int s = 0; s < n.nSollAg; ++s) {
         const bool tras = Trasporta(n, s, distAzioni);
         const double N = n.SforzoNormale(s), Ty = n.TaglioY(s), Tz = n.TaglioZ(s);
@@ -189,15 +147,7 @@ void VerificaSaldatureS1(const Nodo& n, double distAzioni, Risultati& ris, const
         const auto tensione = [&](double x, double y) {
             return N / g.A - F1 / g.Ix * (y - g.yG) - F2 / g.Iy * (x - g.xG);
         };
-        for (int q = 0; q < quante; ++q) {
-            const LineaS1& l = linee[q];
-            ris.S_prp1(s, l.linea - 1) = tensione(l.e.x1, l.e.y1);
-            ris.S_prp2(s, l.linea - 1) = tensione(l.e.x2, l.e.y2);
-            if (!l.specchio) continue;
-            // End k of a mirror: the other end's x with its sign changed, the same end's y.
-            ris.S_prp1(s, l.linea - 1 + kSpecchio) = tensione(-l.e.x2, l.e.y1);
-            ris.S_prp2(s, l.linea - 1 + kSpecchio) = tensione(-l.e.x1, l.e.y2);
-        }
+        TensioniAiCapi(geo, GruppoSald::S1, s, tensione, ris);
         const double M = 10.0 * n.MomTorc(s) + (g.yG - sec.H / 2.0) * Tz + g.xG * Ty;
         const double tau = std::fabs(M / g.J * g.b);
         for (const int l : {1, 2, 3, 10, 11, 13, 15}) {
@@ -216,7 +166,7 @@ void VerificaSaldatureS1(const Nodo& n, double distAzioni, Risultati& ris, const
     AggiungiTaglio(n, {2, 3, 10, 11}, n.TaglioZ, g.Ah, ris);
     for (int s = 0; s < n.nSollAg; ++s) {
         for (int k = 1; k <= 2; ++k) {
-            if (n.AttNerv(k)) NervaturaS1(n, g, s, k, ris);
+            if (n.AttNerv(k)) NervaturaS1(n, geo, g, s, k, ris);
         }
     }
 }

@@ -6,15 +6,14 @@
 
 namespace tk07 {
 
-GruppoS2 ProprietaS2(const Nodo& n, const Risultati& ris) {
-    const auto LS = [&](int linea) { return ris.LungSald(linea - 1); };
-    const double Hp = n.TraPri.H, tfp = n.TraPri.tf;
+GruppoS2 ProprietaS2(const Nodo& n, const Geometria& geo) {
+    const auto LS = [&](int linea) { return geo.cordone(linea).lunghezza; };
     GruppoS2 g;
-    const double b = g.b = n.spSaldS2 / std::sqrt(2.0);
+    const double b = g.b = geo.cordone(4).gola;
     const double b3 = b * b * b;
     const auto cubo = [](double x) { return x * x * x; };
     const auto quadrato = [](double x) { return x * x; };
-    const double yAla = Hp / 2.0 - tfp - b / 2.0;  // lines along the flanges
+    const double yAla = geo.zAlaPri - b / 2.0;  // lines along the flanges
 
     g.A = (2.0 * LS(4) + 2.0 * LS(8) + 2.0 * LS(9)) * b;
     g.Ix = 2.0 * cubo(LS(4)) * b / 12.0;
@@ -25,7 +24,7 @@ GruppoS2 ProprietaS2(const Nodo& n, const Risultati& ris) {
     }
     g.Iy += 2.0 * (LS(4) * b3 / 12.0 + b * LS(4) * quadrato(n.SpNerv(3) / 2.0 + b / 2.0));
     g.xG = 0.0;
-    g.yG = -(Hp / 2.0 - n.distAliPriSec - n.TraSec.H / 2.0);
+    g.yG = -geo.zAsse;
     g.J = (2.0 * LS(4) + 2.0 * LS(8) + 2.0 * LS(9)) * b3 / 3.0;
     g.Av = 2.0 * LS(4) * n.spSaldS2 / std::sqrt(2.0);
     g.Ah = 2.0 * (LS(8) + LS(9)) * n.spSaldS2 / std::sqrt(2.0);
@@ -54,8 +53,9 @@ struct AzioniNerv3 {
     double R = 0.0, T = 0.0, Q = 0.0, D = 0.0, E = 0.0;
 };
 
-AzioniNerv3 AzioniNervatura3(const Nodo& n, const GruppoS2& g, int s, const Risultati& ris) {
-    const double L4 = ris.LungSald(s4), b = g.b, Ty = n.TaglioY(s);
+AzioniNerv3 AzioniNervatura3(const Nodo& n, const Geometria& geo, const GruppoS2& g, int s,
+                             const Risultati& ris) {
+    const double L4 = geo.cordone(4).lunghezza, b = g.b, Ty = n.TaglioY(s);
     const double v1 = ris.S_prp1(s, s4), v2 = ris.S_prp2(s, s4);
     const double w1 = ris.S_prp1(s, s4 + kSpecchio), w2 = ris.S_prp2(s, s4 + kSpecchio);
     AzioniNerv3 a;
@@ -68,14 +68,15 @@ AzioniNerv3 AzioniNervatura3(const Nodo& n, const GruppoS2& g, int s, const Risu
     return a;
 }
 
-void Nervatura3(const Nodo& n, const GruppoS2& g, int s, const AzioniNerv3& a, Risultati& ris) {
+void Nervatura3(const Nodo& n, const Geometria& geo, const GruppoS2& g, int s, const AzioniNerv3& a,
+                Risultati& ris) {
     const double Hp = n.TraPri.H, tfp = n.TraPri.tf, b = g.b, a2 = n.spSaldS2;
-    const double L5 = NonNullo(ris.LungSald(s5), "lunghezza della saldatura s5");
-    const double L6 = ris.LungSald(s6), L7 = ris.LungSald(s7);
+    const double L5 = NonNullo(geo.cordone(5).lunghezza, "lunghezza della saldatura s5");
+    const double L6 = geo.cordone(6).lunghezza, L7 = geo.cordone(7).lunghezza;
     const double braccio = NonNullo(Hp - 2.0 * tfp - b / 2.0, "distanza tra le saldature s5 e s7");
     const double t0 = a.Q / braccio / 2.0 / b / L5;
     const double F1 = a.E, F2 = a.D, F3 = a.R;
-    const double yAla = Hp / 2.0 - tfp - b / 2.0;
+    const double yAla = geo.zAlaPri - b / 2.0;
     for (const int m : {0, kSpecchio}) {
         ris.S_prp1(s, s6 + m) = F3 / g.A3 - F1 / g.Ix3 * (-L6 / 2.0);
         ris.S_prp2(s, s6 + m) = F3 / g.A3 - F1 / g.Ix3 * (L6 / 2.0);
@@ -94,27 +95,19 @@ void Nervatura3(const Nodo& n, const GruppoS2& g, int s, const AzioniNerv3& a, R
 
 }  // namespace
 
-void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const Piattaforma& p) {
-    const GruppoS2 g = ProprietaS2(n, ris);
+void VerificaSaldatureS2(const Nodo& n, const Geometria& geo, Risultati& ris,
+                         const Piattaforma& p) {
+    const GruppoS2 g = ProprietaS2(n, geo);
     if (n.nSollAg > 0) {  // with no load set nothing is divided
         NonNullo(g.A, "area delle saldature S2");
         NonNullo(g.Ix, "momento d'inerzia Ix delle saldature S2");
         NonNullo(g.Iy, "momento d'inerzia Iy delle saldature S2");
         NonNullo(g.J, "rigidezza torsionale J delle saldature S2");
     }
-    const double b = g.b, Hp = n.TraPri.H, tfp = n.TraPri.tf;
-    const double arm = n.TraPri.B / 2.0 + n.distPiastraTraPri - n.SpPiastra(1);
-    struct Linea {
-        int linea;
-        double x1, x2, y1, y2;
-    };
-    const auto LS = [&](int l) { return ris.LungSald(l - 1); };
-    const double x4 = n.SpNerv(3) / 2.0 + b, xB = n.BPiastra(1) / 2.0, yAla = Hp / 2.0 - tfp;
-    const Linea linee[] = {{4, x4, x4, -LS(4) / 2.0, LS(4) / 2.0},
-                           {8, xB - LS(8), xB, yAla, yAla},
-                           {9, xB - LS(9), xB, -yAla, -yAla}};
+    const double b = g.b, arm = geo.xP1;
+    const auto LS = [&](int l) { return geo.cordone(l).lunghezza; };
     for (int s = 0; s < n.nSollAg; ++s) {
-        const bool tras = Trasporta(n, s, distAzioni);
+        const bool tras = Trasporta(n, s, geo.xS);
         const double N = n.SforzoNormale(s), Ty = n.TaglioY(s), Tz = n.TaglioZ(s);
         // The moments as stored [daN cm], without the factor 10.
         const double F1 = n.MomZ(s) - (tras ? arm * Ty : 0.0) + N * g.yG;
@@ -124,13 +117,9 @@ void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const
         };
         const double M = 10.0 * n.MomTorc(s) + Tz * g.yG + Ty * g.xG;
         const double tau = std::fabs(M / g.J * b);
-        for (const Linea& l : linee) {
-            const int j = l.linea - 1, m = j + kSpecchio;
-            ris.S_prp1(s, j) = tensione(l.x1, l.y1);
-            ris.S_prp2(s, j) = tensione(l.x2, l.y2);
-            ris.S_prp1(s, m) = tensione(-l.x2, l.y1);
-            ris.S_prp2(s, m) = tensione(-l.x1, l.y2);
-            ris.Tau_pa(s, j) = ris.Tau_pa(s, m) = tau;
+        TensioniAiCapi(geo, GruppoSald::S2, s, tensione, ris);
+        for (const int l : {4, 8, 9}) {
+            ris.Tau_pa(s, l - 1) = ris.Tau_pa(s, l - 1 + kSpecchio) = tau;
         }
     }
     if (!(g.Av > 0.0001)) {
@@ -150,7 +139,7 @@ void VerificaSaldatureS2(const Nodo& n, double distAzioni, Risultati& ris, const
         NonNullo(g.Iy3, "momento d'inerzia Iy delle saldature della nervatura 3 (s5, s6, s7)");
     }
     for (int s = 0; s < n.nSollAg; ++s) {
-        Nervatura3(n, g, s, AzioniNervatura3(n, g, s, ris), ris);
+        Nervatura3(n, geo, g, s, AzioniNervatura3(n, geo, g, s, ris), ris);
     }
     if (!(LS(6) > 0.0001)) {
         Interrompi(Interruzione::s2Nervatura3, ris, p);

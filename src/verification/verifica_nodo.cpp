@@ -40,8 +40,8 @@ bool Passi(const Nodo& n, const Opzioni& opz, Risultati& ris, const Piattaforma&
     };
     AzzeraRisultati(n, ris);
     ControllaDivisori(n);
-    LunghezzeSaldature(n, ris);
     const GeometriaVerifica geo = PreparaGeometria(n);
+    LunghezzeSaldature(geo.forma, ris);
     if (!AzioniBulloni(n, geo, ris, p)) return fermata();
     if (n.MetodoVerifica() == Metodo::TA) {
         for (int i = 1; i <= n.nBull; ++i) {
@@ -52,9 +52,9 @@ bool Passi(const Nodo& n, const Opzioni& opz, Risultati& ris, const Piattaforma&
         ResistenzeBulloni(n, opz, geo, ris);
         CoefficientiBulloni(n, ris);
     }
-    if (!VerificaPiastra(n, geo, StrisceDi(n), ris, p)) return fermata();
-    VerificaSaldatureS1(n, geo.distAzioni, ris, p);
-    VerificaSaldatureS2(n, geo.distAzioni, ris, p);
+    if (!VerificaPiastra(n, geo, ris, p)) return fermata();
+    VerificaSaldatureS1(n, geo.forma, ris, p);
+    VerificaSaldatureS2(n, geo.forma, ris, p);
     TensioniAlCm2(n, ris);
     GiudicaNodo(n, opz, ris);
     return true;

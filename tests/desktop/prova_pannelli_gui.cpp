@@ -173,7 +173,8 @@ TEST(Gui, DisegnoECampi) {
         return b.pilota.CampoInMano();
     };
     const double zf = n.TraPri.B / 2.0 + n.distPiastraTraPri;
-    EXPECT_EQ(clicca(Vista::lato, zf + n.SpPiastra(2) / 2.0, CimaPiastra2(n) - 2.0), "GeoPias(3)");
+    EXPECT_EQ(clicca(Vista::lato, zf + n.SpPiastra(2) / 2.0, GeometriaDi(n).piastra(2).yMax - 2.0),
+              "GeoPias(3)");
     EXPECT_EQ(clicca(Vista::lato, zf - n.SpPiastra(1) / 2.0, 4.0), "GeoPias(0)");
     // To scale: the plate's width in pixels over the beam's depth in pixels.
     const double larga =

@@ -298,7 +298,7 @@ TEST(Proponi, AnyConsistentJointTakesItsProposal) {
         ASSERT_EQ(aggiunti, t.nBullTemp);
         ASSERT_TRUE(aggiunti > 0 || !porta.detti.empty());
         conBulloni += aggiunti > 0 ? 1 : 0;
-        const Rettangolo c = AreaComune(*n);
+        const Rettangolo c = GeometriaDi(*n).comune;
         const double eX = (n->TipoVer == 0 ? 1.5 : 1.2) * d0, eY = (n->TipoVer == 0 ? 2 : 1.2) * d0;
         for (int i = 1; i <= aggiunti / 2; ++i) {
             const int s = i + aggiunti / 2;

@@ -6,6 +6,7 @@
 #include "base/testo.h"
 #include "bolting/proposte.h"
 #include "joint/controlla_dati.h"
+#include "joint/geometria.h"
 
 namespace tk07::prova {
 
@@ -47,7 +48,7 @@ inline Nodo NodoCasuale(const Sessione& s, std::mt19937& g) {
         if (ControllaDati(n, s.opz, muta)) continue;
 
         const int voluti = intero(0, 9) == 0 ? 100 : intero(1, 24), prove = 60 * voluti;
-        const Rettangolo area = AreaComune(n);
+        const Rettangolo area = GeometriaDi(n).comune;
         const double passo = intero(0, 1) == 0 ? 0.5 : 20.0;
         double d = intero(4, 10) * 3.0;
         for (int k = 0; k < prove && n.nBull < voluti; ++k) {

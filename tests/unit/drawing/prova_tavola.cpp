@@ -195,11 +195,10 @@ TEST_F(Tavola, RandomJointsReadWell) {
         EXPECT_TRUE(Dice(Catena(viste["PIASTRA 1"], false, -n.BPiastra(1) / 2.0), righe));
 
         // every weld that exists: its mark in CC, its mirror elsewhere, its row in the table
-        Risultati ris;
-        LunghezzeSaldature(n, ris);
+        const Geometria geo = GeometriaDi(n);
         for (int j = 1; j <= 15; ++j) {
             const std::string nome = "s" + std::to_string(j);
-            const bool esiste = ris.LungSald(j - 1) > 0.0;
+            const bool esiste = geo.cordone(j).Presente();
             const auto& testi = viste["SEZIONE CC"].testi;
             EXPECT_EQ(std::count_if(testi.begin(), testi.end(),
                                     [&](const TestoFig& t) { return t.testo == nome; }),
@@ -317,17 +316,14 @@ TEST_F(Tavola, TextsOfTheSheet) {
 
     // Without plate above the secondary beam s1 keeps its mark and its row but has no strokes.
     n.distAlaSecPiastra = 0.0;
-    Risultati ris;
-    LunghezzeSaldature(n, ris);
     const auto tratti = [&](double dist) {
         n.distAlaSecPiastra = dist;
-        const ContestoDis c{n, ris.LungSald, LeggiParametriDisegno(s().opz), CalcolaQuote(n),
-                            LineeSaldatura(n, ris.LungSald)};
+        const ContestoDis c = ContestoTavola(n, GeometriaDi(n), s().opz);
         const Figura f = SezioneBB(c);
         return std::count_if(f.segmenti.begin(), f.segmenti.end(), [&](const SegmentoFig& x) {
             // welds of the web: vertical, between the flanges
             return x.colore == c.par.coloreSaldature && x.x1 == x.x2 &&
-                   std::fabs(std::fabs(x.y1 - x.y2) - ris.LungSald(0)) < 1e-9;
+                   std::fabs(std::fabs(x.y1 - x.y2) - c.q.cordone(1).lunghezza) < 1e-9;
         });
     };
     EXPECT_EQ(tratti(0.0), 0);
@@ -344,16 +340,13 @@ TEST_F(Tavola, NoMarkIsLostHoweverLargeTheLetters) {
         while (!n.AttNerv(1) || !n.AttNerv(2) || n.TraPri.H > 200.0) n = prova::NodoCasuale(s(), g);
         Opzioni opz = s().opz;
         opz.Righe[10].Valore = alt;
-        Risultati ris;
-        LunghezzeSaldature(n, ris);
-        const ContestoDis c{n, ris.LungSald, LeggiParametriDisegno(opz), CalcolaQuote(n),
-                            LineeSaldatura(n, ris.LungSald)};
+        const ContestoDis c = ContestoTavola(n, GeometriaDi(n), opz);
         const Figura f = SezioneBB(c);
         std::vector<std::string> voluti{"C", "C"}, testi;
         for (const char* nome :
              {"s1", "s2", "s3", "s1'", "s2'", "s3'", "s10'", "s10", "s11'", "s11", "s13'", "s13",
               "s12'", "s12", "s15'", "s15", "s14'", "s14"}) {
-            if (ris.LungSald(std::atoi(nome + 1) - 1) > 0.0) voluti.push_back(nome);
+            if (c.q.cordone(std::atoi(nome + 1)).Presente()) voluti.push_back(nome);
         }
         for (const char* numero : {"1", "2", "4", "5"}) voluti.push_back(numero);
         for (const TestoFig& t : f.testi) testi.push_back(t.testo);

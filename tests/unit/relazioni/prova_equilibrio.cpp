@@ -34,7 +34,7 @@ TEST(Equilibrio, ResiduoSottoLaTolleranza) {
         }
         Risultati ris;
         if (CalcolaNodo(n, b.s->opz, ris, PiattaformaMuta()) != EsitoVerifica::completata) continue;
-        const double yAsse = AsseSecondaria(n);
+        const double yAsse = GeometriaDi(n).yAsse;
         for (int s = 0; s < n.nSollAg; ++s) {
             SCOPED_TRACE("nodo " + std::to_string(k) + " sestetto " + std::to_string(s + 1));
             const Equilibrio e = EquilibrioSestetto(n, ris, s);
@@ -66,7 +66,7 @@ TEST(Equilibrio, ResiduoSottoLaTolleranza) {
 TEST(Equilibrio, CompressioneCentrata) {
     prova::SessioneDiProva b;
     Nodo n = b.s->nodo;
-    const Rettangolo r = AreaComune(n);
+    const Rettangolo r = GeometriaDi(n).comune;
     const double y = (r.yMin + r.yMax) / 2.0;
     n.nBull = 4;
     double area = 0.0;
@@ -78,7 +78,7 @@ TEST(Equilibrio, CompressioneCentrata) {
     }
     n.nSollAg = 1;
     n.SforzoNormale(0) = -12000.0;
-    n.MomZ(0) = 12000.0 * (y - AsseSecondaria(n)) / 10.0;  // brings N to the middle [daN cm]
+    n.MomZ(0) = 12000.0 * (y - GeometriaDi(n).yAsse) / 10.0;  // brings N to the middle [daN cm]
     Risultati ris;
     ASSERT_EQ(CalcolaNodo(n, b.s->opz, ris, PiattaformaMuta()), EsitoVerifica::completata);
     const Equilibrio e = EquilibrioSestetto(n, ris, 0);

@@ -70,7 +70,7 @@ TEST(Assemblaggio, PartsInOrderAtTheirPlaces) {
     estremi(31, {133, -60, -105}, {120, -60, -105}, -65536, 1);
     estremi(32, {120, -60, -105}, {69, -60, -105}, -65536, 1);
     estremi(33, {85, -60, -105}, {75, -60, -105}, -65536, 1);
-    EXPECT_EQ(AltezzaVeraBullone(n, 55), -130);
+    EXPECT_EQ(-105 + AlzataBulloni(n, GeometriaDi(n)), -130);
     EXPECT_EQ(ParteBullone(s.estrusi[33].estrusi_descri), "dado");
     // Head and nut are one polygon: four bolts, two sections.
     EXPECT_EQ(s.sezioni.size(), 9U + 2U);

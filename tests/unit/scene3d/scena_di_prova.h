@@ -2,20 +2,13 @@
 
 #include "scene3d/assemblaggio.h"
 #include "unit/verification/nodo_di_prova.h"
-#include "verification/saldature.h"
 
 namespace tk07::prova {
-
-inline LunghezzeCordoni LunghezzeDi(const Nodo& n) {
-    Risultati ris;
-    LunghezzeSaldature(n, ris);
-    return ris.LungSald;
-}
 
 // The scene of a joint, and of the bolts being edited where there are some.
 inline bool Componi(const Nodo& n, Scena& s, const Piattaforma& p = PiattaformaMuta(),
                     const BulloniTemp* t = nullptr) {
-    return ComponiScena3D(n, LunghezzeDi(n), t, s, p);
+    return ComponiScena3D(n, GeometriaDi(n), t, s, p);
 }
 
 }  // namespace tk07::prova

@@ -32,10 +32,8 @@ const Piattaforma kMuta = PiattaformaMuta();
     ::testing::AddGlobalTestEnvironment(new prova::Applicazione);
 
 void ScriviNodo(const Nodo& n, const std::string& file) {
-    Risultati ris;
-    LunghezzeSaldature(n, ris);
     Scena s;
-    ASSERT_TRUE(ComponiScena3D(n, ris.LungSald, nullptr, s, kMuta));
+    ASSERT_TRUE(ComponiScena3D(n, GeometriaDi(n), nullptr, s, kMuta));
     ASSERT_TRUE(ScriviScena(s, file, kMuta));
 }
 void Clic(QWidget* w, const QPointF& dove) {

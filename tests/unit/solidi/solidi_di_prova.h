@@ -12,7 +12,7 @@ inline std::vector<Parte> Solidi(const Nodo& n, double gioco = 2.0) {
     std::vector<Parte> parti;
     std::string errore;
     EXPECT_TRUE(Componi(n, s));
-    EXPECT_TRUE(SolidiNodo(n, LunghezzeDi(n), gioco, s, parti, errore)) << errore;
+    EXPECT_TRUE(SolidiNodo(n, GeometriaDi(n), gioco, s, parti, errore)) << errore;
     return parti;
 }
 

@@ -80,7 +80,7 @@ TEST(Riferimenti, PublishedResistancesAndBoltGroups) {
         bulloni(n, c);
         n.TraPri.H = n.HPiastra(1) = n.HPiastra(2) = 600, n.TraSec.H = 1200;
         n.distAliPriSec = -c["yAsse"].get<double>() + 0.0, n.distAlaSecPiastra = n.distAliPriSec;
-        ASSERT_EQ(AsseSecondaria(n), c["yAsse"].get<double>());
+        ASSERT_EQ(GeometriaDi(n).yAsse, c["yAsse"].get<double>());
         n.BPiastra(1) = n.BPiastra(2) = 400;
         prova::AggiungiSestetto(n, 0, c["TaglioY"], c["TaglioZ"], c["MomTorc"], 0, 0);
         const Risultati r = Azioni(n);
@@ -171,7 +171,7 @@ TEST(RegoleProprie, TorsionOfTheWeldsAndMirrorsThatDoNotExist) {
 TEST(RegoleProprie, LengthsOfTheWelds) {
     const auto lunghezze = [](const Nodo& n) {
         Risultati r;
-        LunghezzeSaldature(n, r);
+        LunghezzeSaldature(GeometriaDi(n), r);
         return std::vector<double>(&r.LungSald(0), &r.LungSald(0) + 15);
     };
     Nodo n = prova::NodoDiProva();
@@ -238,15 +238,15 @@ TEST(RegoleProprie, ResistancesOfTheBolts) {
     EXPECT_NEAR(resistenze(n).Fb_Rd(1), 2.5 * (2000.0 / 3600) * 3400 * 20 * 15 / 125, 1e-6);
     // a bolt alone is the left end of its row: k from x + 90, however near the right edge is
     n.Xbull(1) = -70;
-    EXPECT_NEAR(CoefficientiBullone(n, opz, 1).k, 2.8 * 20 / 22 - 1.7, 1e-12);
+    EXPECT_NEAR(CoefficientiBullone(n, opz, GeometriaDi(n), 1).k, 2.8 * 20 / 22 - 1.7, 1e-12);
     n.Xbull(1) = 70;
-    EXPECT_EQ(CoefficientiBullone(n, opz, 1).k, 2.5);
+    EXPECT_EQ(CoefficientiBullone(n, opz, GeometriaDi(n), 1).k, 2.5);
     // inner bolts: 1.4 p/d0 - 1.7 and p/(3 d0) - 0.25, p to the nearest of the wedge, x 45 y 52
     n = prova::NodoDiProva();
     prova::MettiBulloni(
         n,
         {{-45, 180, 20}, {0, 180, 20}, {52, 180, 20}, {0, 120, 20}, {0, 232, 20}, {40, 210, 20}});
-    const CoefficientiRifollamento c = CoefficientiBullone(n, opz, 2);
+    const CoefficientiRifollamento c = CoefficientiBullone(n, opz, GeometriaDi(n), 2);
     EXPECT_NEAR(c.k, 1.4 * 45 / 22 - 1.7, 1e-12);
     EXPECT_NEAR(c.alfa, 52.0 / 66 - 0.25, 1e-12);
 }

@@ -158,11 +158,11 @@ TEST_F(Verifica, TheGroupsOfWeldsWithoutArea) {
         SCOPED_TRACE(c.testo);
         Risultati r;
         AzzeraRisultati(n, r);
-        LunghezzeSaldature(n, r);
-        for (const auto& [l, lunghezza] : c.linee) r.LungSald(l - 1) = lunghezza;
+        Geometria g = GeometriaDi(n);
+        for (const auto& [l, lunghezza] : c.linee) g.cordone(l).lunghezza = lunghezza;
         porta.detti.clear();
-        VerificaSaldatureS1(n, 120, r, porta.Fai());
-        VerificaSaldatureS2(n, 120, r, porta.Fai());
+        VerificaSaldatureS1(n, g, r, porta.Fai());
+        VerificaSaldatureS2(n, g, r, porta.Fai());
         EXPECT_EQ(porta.Testi(), Testi{c.testo});
         EXPECT_EQ(porta.detti[0].segno, Segno::critico);
         EXPECT_EQ(EsitiDi(n, prova::OpzioniDiProva(), r).interruzioni, std::vector{c.interrotta});
@@ -184,8 +184,7 @@ TEST_F(Verifica, TheGroupsOfWeldsWithoutArea) {
 TEST_F(Verifica, AGroupOfWeldsWithoutAreaAndNoLoadSet) {
     Nodo n = prova::NodoDiProva();
     n.TraPri.H = 46;  // s4 = 46 - 30 - 16 = 0
-    LunghezzeSaldature(n, ris);
-    VerificaSaldatureS2(n, 120, ris, porta.Fai());
+    VerificaSaldatureS2(n, GeometriaDi(n), ris, porta.Fai());
     EXPECT_EQ(porta.Testi(),
               Testi{"Area delle saldature tipo S2 verticali nulla. Verifica non possibile."});
 }

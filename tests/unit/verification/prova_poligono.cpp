@@ -287,15 +287,13 @@ struct Sbalzo : testing::Test {
         AzzeraRisultati(n, ris);
         ASSERT_TRUE(AzioniBulloni(n, PreparaGeometria(n), ris, porta.Fai()));
     }
-    bool Verifica() {
-        return VerificaPiastra(n, PreparaGeometria(n), StrisceDi(n), ris, porta.Fai());
-    }
+    bool Verifica() { return VerificaPiastra(n, PreparaGeometria(n), ris, porta.Fai()); }
 };
 
 TEST_F(Sbalzo, AStripWithoutCompressionIsBentByItsBoltsAlone) {
     n.AttNerv(1) = n.AttNerv(2) = false;
     prova::AggiungiSestetto(n, 40000, 0, 0, 0, 0, 0);
-    const Strisce st = StrisceDi(n);
+    const Strisce st = GeometriaDi(n).strisce;
     EXPECT_EQ(std::tie(st.yInf1, st.yInf2, st.ySup1, st.ySup2), std::tuple(25., 85., 285., 345.));
     Piani();
     ASSERT_TRUE(Verifica());
