@@ -15,6 +15,7 @@
 #include "drawing/viste.h"
 #include "nodi_casuali.h"
 #include "textnum/formatta.h"
+#include "unit/verification/nodo_di_prova.h"
 #include "verification/saldature.h"
 
 namespace tk07 {
@@ -121,6 +122,146 @@ testing::AssertionResult Dice(const std::vector<std::string>& catena, const std:
     return testing::AssertionSuccess();
 }
 
+// How much of the stroke from (x1, y1) to (x2, y2), parallel to an axis, a view draws with pens of
+// a colour and a line type; and whether all of it, in one or several pieces.
+double Coperto(const Figura& f, double x1, double y1, double x2, double y2, short colore,
+               short tipo) {
+    constexpr double kVicino = 1e-6;
+    const bool orizzontale = std::fabs(y1 - y2) < kVicino;
+    double quanto = 0.0;
+    for (const SegmentoFig& s : f.segmenti) {
+        if (s.colore != colore || s.tipo != tipo) continue;
+        const double fuori = orizzontale ? std::max(std::fabs(s.y1 - y1), std::fabs(s.y2 - y1))
+                                         : std::max(std::fabs(s.x1 - x1), std::fabs(s.x2 - x1));
+        if (fuori > kVicino) continue;
+        const auto [a, b] = orizzontale ? std::minmax(s.x1, s.x2) : std::minmax(s.y1, s.y2);
+        const auto [c, d] = orizzontale ? std::minmax(x1, x2) : std::minmax(y1, y2);
+        quanto += std::max(0.0, std::min(b, d) - std::max(a, c));
+    }
+    return quanto;
+}
+
+// Does the view draw the closed outline, side by side, with this pen?
+bool HaContorno(const Figura& f, const std::vector<Punto2>& v, short colore) {
+    for (std::size_t i = 0; i < v.size(); ++i) {
+        const Punto2 &p = v[i], &q = v[(i + 1) % v.size()];
+        if (std::hypot(p[0] - q[0], p[1] - q[1]) < 1e-6) continue;
+        const bool trovato =
+            std::any_of(f.segmenti.begin(), f.segmenti.end(), [&](const SegmentoFig& s) {
+                const auto vicini = [](double x, double y, const Punto2& r) {
+                    return std::hypot(x - r[0], y - r[1]) < 1e-6;
+                };
+                return s.colore == colore && ((vicini(s.x1, s.y1, p) && vicini(s.x2, s.y2, q)) ||
+                                              (vicini(s.x1, s.y1, q) && vicini(s.x2, s.y2, p)));
+            });
+        if (!trovato) return false;
+    }
+    return true;
+}
+std::vector<Punto2> Quattro(double x1, double y1, double x2, double y2) {
+    return {{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}};
+}
+
+// Holes, plates, ribs, hidden edges and welds of the views where the joint's own numbers put them.
+void ControllaViste(const Nodo& n, const std::map<std::string, Figura>& viste,
+                    const ParametriDisegno& par) {
+    const short bordo = par.coloreContorno, dietro = par.coloreContorno2;
+    const Figura &cc = viste.at("SEZIONE CC"), &bb = viste.at("SEZIONE BB"),
+                 &aa = viste.at("SEZIONE AA");
+    const double x = n.TraPri.B / 2 + n.distPiastraTraPri, xS = x + n.SpPiastra(2);
+    const double xP1 = x - n.SpPiastra(1), h1 = n.HPiastra(1) / 2, ala = n.TraPri.H / 2;
+    const double b1 = n.BPiastra(1) / 2, b2 = n.BPiastra(2) / 2;
+    const double sopra = ala - n.distAliPriSec, sotto = sopra - n.TraSec.H;
+    const double cima = sopra + n.distAlaSecPiastra, fondo = cima - n.HPiastra(2);
+
+    for (int k = 1; k <= 2; ++k) {
+        const auto& cerchi = viste.at("PIASTRA " + std::to_string(k)).cerchi;
+        ASSERT_EQ(cerchi.size(), static_cast<std::size_t>(n.nBull));
+        for (std::size_t i = 0; i < cerchi.size(); ++i) {
+            const long b = static_cast<long>(i) + 1;
+            EXPECT_EQ(cerchi[i].x, n.Xbull(b));
+            const double base = k == 1 ? -h1 : fondo;
+            EXPECT_NEAR(cerchi[i].y, n.Ybull(b) - h1 - base, 1e-9) << "hole of plate " << k;
+        }
+    }
+    for (int i = 1; i <= n.nBull; ++i) {
+        EXPECT_TRUE(std::any_of(bb.cerchi.begin(), bb.cerchi.end(),
+                                [&](const CerchioFig& c) {
+                                    return c.x == n.Xbull(i) &&
+                                           std::fabs(c.y - (n.Ybull(i) - h1)) < 1e-9;
+                                }))
+            << "bolt " << i;
+    }
+    EXPECT_TRUE(HaContorno(cc, Quattro(xP1, -h1, x, h1), bordo));
+    EXPECT_TRUE(HaContorno(cc, Quattro(x, fondo, xS, cima), bordo));
+    EXPECT_TRUE(HaContorno(bb, Quattro(-b2, fondo, b2, cima), bordo));
+    for (int k = 1; k <= 2; ++k) {
+        if (!n.AttNerv(k)) continue;
+        const double z = k == 1 ? sopra : sotto, v = k == 1 ? 1 : -1, s = n.SpNerv(k) / 2;
+        const double m = std::min({n.SmussoNerv(k), n.BNerv(k), n.H1Nerv(k)}), B = n.BNerv(k);
+        EXPECT_TRUE(HaContorno(bb, Quattro(-s, z, s, z + v * n.H1Nerv(k)), bordo)) << "rib " << k;
+        EXPECT_TRUE(HaContorno(cc,
+                               {{xS + m, z},
+                                {xS + B, z},
+                                {xS + B, z + v * n.H2Nerv(k)},
+                                {xS, z + v * n.H1Nerv(k)},
+                                {xS, z + v * m}},
+                               bordo))
+            << "rib " << k;
+    }
+    // The sides and the ends of plate 1 behind plate 2, the flanges of the main beam behind both.
+    const auto prova = [&](double x1, double y1, double x2, double y2, short colore,
+                           double sotto2) {
+        const double lungo = std::hypot(x2 - x1, y2 - y1);
+        EXPECT_NEAR(Coperto(bb, x1, y1, x2, y2, colore, kNascosta), sotto2, 1e-6) << y1;
+        EXPECT_NEAR(Coperto(bb, x1, y1, x2, y2, colore, kContinua), lungo - sotto2, 1e-6) << y1;
+    };
+    const auto dentro2 = [&](double z) { return z > fondo + 1e-9 && z < cima - 1e-9; };
+    if (bordo != dietro && std::fabs(b1 - b2) > 1e-6) {
+        for (const double s : {-1.0, 1.0}) {
+            const auto& sec = n.TraSec;
+            const double altri[] = {fondo,
+                                    cima,
+                                    sopra,
+                                    sotto,
+                                    sopra - sec.tf,
+                                    sotto + sec.tf,
+                                    sopra + n.H1Nerv(1),
+                                    sotto - n.H1Nerv(2)};
+            const bool vicine = std::any_of(std::begin(altri), std::end(altri),
+                                            [&](double z) { return std::fabs(s * h1 - z) < 1e-6; });
+            if (!vicine) {
+                prova(-b1, s * h1, b1, s * h1, bordo, dentro2(s * h1) ? 2 * std::min(b1, b2) : 0);
+            }
+            if (std::fabs(b1 - sec.B / 2) > 1e-6)
+                prova(s * b1, -h1, s * b1, h1, bordo,
+                      b1 < b2 ? std::max(0.0, std::min(h1, cima) - std::max(-h1, fondo)) : 0);
+            for (const double z : {s * ala, s * (ala - n.TraPri.tf)}) {
+                const double largo =
+                    std::max(std::fabs(z) < h1 - 1e-9 ? b1 : 0.0, dentro2(z) ? b2 : 0.0);
+                const double mezza = std::max({b1, b2, n.TraSec.B / 2}) + n.TraPri.H / 2;
+                prova(-mezza, z, mezza, z, dietro, 2 * largo);
+            }
+        }
+    }
+    // Rib 3 from above is under the flange of the main beam.
+    const double s3 = n.SpNerv(3) / 2, web = n.TraPri.tw / 2;
+    EXPECT_NEAR(Coperto(aa, web, s3, xP1, s3, bordo, kNascosta),
+                std::min(xP1, n.TraPri.B / 2) - web, 1e-6);
+    // Faces of the welds of the web, which both elevations show.
+    const Geometria g = GeometriaDi(n);
+    const double L = g.cordone(1).lunghezza, zm = (sopra + sotto) / 2, w = n.TraSec.tw / 2;
+    if (L > 0 && n.distAlaSecPiastra > 0) {
+        for (const double s : {-1.0, 1.0}) {
+            const double y1 = s * w, y2 = s * (w + n.spSaldS1);
+            EXPECT_TRUE(
+                HaContorno(bb, Quattro(y1, zm - L / 2, y2, zm + L / 2), par.coloreSaldature));
+        }
+        EXPECT_TRUE(HaContorno(cc, Quattro(xS, zm - L / 2, xS + n.spSaldS1, zm + L / 2),
+                               par.coloreSaldature));
+    }
+}
+
 class Tavola : public ::testing::Test {
   protected:
     static void SetUpTestSuite() { banco_ = new prova::SessioneDiProva; }
@@ -193,6 +334,8 @@ TEST_F(Tavola, RandomJointsReadWell) {
         }
         EXPECT_TRUE(Dice(Catena(viste["PIASTRA 1"], true, 0.0), colonne));
         EXPECT_TRUE(Dice(Catena(viste["PIASTRA 1"], false, -n.BPiastra(1) / 2.0), righe));
+
+        ControllaViste(n, viste, LeggiParametriDisegno(s().opz));
 
         // every weld that exists: its mark in CC, its mirror elsewhere, its row in the table
         const Geometria geo = GeometriaDi(n);
@@ -329,6 +472,92 @@ TEST_F(Tavola, TextsOfTheSheet) {
     EXPECT_EQ(tratti(0.0), 0);
     EXPECT_EQ(tratti(1.0), 4);
     EXPECT_EQ(Conta(d, "s1"), 3);
+}
+
+// Marks of cuts and rows of the table, by hand for the joint of round figures.
+TEST_F(Tavola, CutsAndWeldTableOfTheRoundJoint) {
+    const Nodo n = prova::NodoDiProva();
+    const ContestoDis c = ContestoTavola(n, GeometriaDi(n), s().opz);
+    // Where the tips of the arrows of a letter point: CC is seen from the front, BB towards the
+    // main beam (to the left in CC and AA), AA from above (down in CC and BB).
+    struct Taglio {
+        Figura vista;
+        const char* lettera;
+        double dx, dy;
+    };
+    const Taglio tagli[] = {{SezioneCC(c), "A", 0, -1}, {SezioneCC(c), "B", -1, 0},
+                            {SezioneBB(c), "A", 0, -1}, {SezioneBB(c), "C", 1, 0},
+                            {SezioneAA(c), "B", -1, 0}, {SezioneAA(c), "C", 0, 1}};
+    for (const Taglio& t : tagli) {
+        SCOPED_TRACE(std::string(t.lettera) + " of " + t.vista.testi.back().testo);
+        int punte = 0;
+        for (const SegmentoFig& a : t.vista.segmenti) {
+            // shafts: 1.1 letters long, and two strokes come back from their tip
+            const double h = 1.1 * c.par.titoloVista;
+            if (a.colore != c.par.coloreSegni ||
+                std::fabs(std::hypot(a.x2 - a.x1, a.y2 - a.y1) - h) > 1e-9) {
+                continue;
+            }
+            const long alette = std::count_if(
+                t.vista.segmenti.begin(), t.vista.segmenti.end(), [&](const SegmentoFig& b) {
+                    return b.x1 == a.x2 && b.y1 == a.y2 && std::hypot(b.x2 - a.x1, b.y2 - a.y1) < h;
+                });
+            if (alette != 2) continue;
+            punte += std::fabs(a.x2 - a.x1 - h * t.dx) + std::fabs(a.y2 - a.y1 - h * t.dy) < 1e-9;
+        }
+        EXPECT_EQ(punte, 2) << "one arrow at each end of the trace";
+    }
+    std::vector<std::string> celle;
+    for (const TestoFig& t : TabellaSaldature(c).testi) celle.push_back(t.testo);
+    EXPECT_EQ(celle, (std::vector<std::string>{"TABELLA SALDATURE",
+                                               "Descr.",
+                                               "Lungh.",
+                                               "Lato",
+                                               "s1/s1'",
+                                               "156",
+                                               "6",
+                                               "s2/s2'",
+                                               "35",
+                                               "6",
+                                               "s3/s3'",
+                                               "35",
+                                               "6",
+                                               "s4/s4'",
+                                               "354",
+                                               "8",
+                                               "s5/s5'",
+                                               "52",
+                                               "8",
+                                               "s6/s6'",
+                                               "330",
+                                               "8",
+                                               "s7/s7'",
+                                               "52",
+                                               "8",
+                                               "s8/s8'",
+                                               "86",
+                                               "8",
+                                               "s9/s9'",
+                                               "86",
+                                               "8",
+                                               "s10/s10'",
+                                               "40",
+                                               "6",
+                                               "s11/s11'",
+                                               "39",
+                                               "6",
+                                               "s12/s12'",
+                                               "94",
+                                               "6",
+                                               "s13/s13'",
+                                               "52",
+                                               "6",
+                                               "s14/s14'",
+                                               "82",
+                                               "6",
+                                               "s15/s15'",
+                                               "50",
+                                               "6"}));
 }
 
 // Letters several times as high as the joint: leaders have no way out past the other labels. Every

@@ -131,6 +131,23 @@ std::set<std::string> Congiunti(const std::string& sald) {
                                          : std::set<std::string>{"N3", "TraPri"};
 }
 
+// The parts of a line of the joint's geometry, by its number.
+std::set<std::string> Congiunti(int linea) {
+    if (linea == 4) return {"P1", "N3"};
+    if (linea == 8 || linea == 9) return {"P1", "TraPri"};
+    if (linea >= 5 && linea <= 7) return {"N3", "TraPri"};
+    if (linea <= 3 || linea == 10 || linea == 11) return {"P2", "TraSec"};
+    return {linea <= 13 ? "N1" : "N2", linea % 2 == 0 ? "TraSec" : "P2"};
+}
+
+// What is just behind the two flat sides of a weld, in its middle.
+std::set<std::string> DietroILati(const Parti& parti, const Punto3& da, const Punto3& a,
+                                  const Punto3& uno, const Punto3& due, double lato) {
+    const Punto3 m = {(da[0] + a[0]) / 2, (da[1] + a[1]) / 2, (da[2] + a[2]) / 2};
+    return {parti.Di(Avanti(Avanti(m, 0.7 * lato, uno), -0.01, due)),
+            parti.Di(Avanti(Avanti(m, 0.7 * lato, due), -0.01, uno))};
+}
+
 // Every weld lies in the corner of the two parts that it joins: its inside is outside of all parts,
 // and what is just behind either flat side is one of the two.
 void ControllaCordoni(const Nodo& n) {
@@ -253,6 +270,24 @@ TEST(Assemblaggio, RandomJointsReadBackEqual) {
         Scena s, letta;
         std::string errore;
         ASSERT_TRUE(Componi(n, s)) << k;
+        // Every weld, of the joint's geometry and of the scene, lies on the two parts it joins.
+        const Parti parti(n);
+        for (const LineaSaldatura& l : LineeSaldatura(GeometriaDi(n))) {
+            EXPECT_EQ(DietroILati(parti, l.da, l.a, l.versoUno, l.versoDue, l.lato),
+                      Congiunti(l.indice % kSpecchio + 1))
+                << k << " line " << l.indice;
+            EXPECT_TRUE(l.indice < kSpecchio || l.da[1] + l.a[1] < 0.0) << k << " " << l.indice;
+        }
+        for (const Estruso& e : s.estrusi) {
+            const std::string nome = NomeOggetto(e.estrusi_descri);
+            if (nome.rfind("sald_", 0) != 0) continue;
+            const Sezione& q = s.sezioni[static_cast<std::size_t>(e.estrusi_punse1)];
+            const Terna t = TernaEstruso(e);
+            for (const std::string& parte : DietroILati(parti, e.estrusi_coord1, e.estrusi_coord2,
+                                                        t.y, t.z, q.contorni[0][1].R)) {
+                EXPECT_EQ(Congiunti(nome).count(parte), 1U) << k << " " << nome << " " << parte;
+            }
+        }
         EXPECT_LE(s.sezioni.size(), 49U);
         for (std::size_t i = 0; i < s.sezioni.size(); ++i) {
             for (std::size_t j = 0; j < i; ++j) {

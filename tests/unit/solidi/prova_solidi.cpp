@@ -115,6 +115,8 @@ TEST(Solidi, VolumesOfTheRoundJoint) {
     }
     EXPECT_EQ(Cerca(parti, "TraPri").dati.misura, "T400, tratto di 800");
     EXPECT_EQ(Cerca(parti, "sald_s4").dati.misura, "lato 8, lunghezza 354");
+    EXPECT_NEAR(Cerca(parti, "sald_s4").dati.da[1], 6, 1e-6);  // beside rib 3, 12 thick
+    EXPECT_NEAR(Cerca(parti, "sald_s4'").dati.a[1], -6, 1e-6);
     EXPECT_EQ(Cerca(parti, "BulPia2 dado").dati.materiale, "Classe 8.8");
     EXPECT_EQ(Cerca(parti, "Nerv1").dati.colore, -5374161);  // 0xFFADFF2F
 }
