@@ -40,7 +40,8 @@ enum class GruppoSald { S1, S2 };
 
 // The two ends at which the verification works out the stresses of a line. Group S1: y from the
 // underside of the secondary beam; group S2: y from the middle of the main beam; x from the centre
-// line, to the outer face of the throat. Kept on purpose: line s3 has the length of s2 here.
+// line, to the outer face of the throat. Line s3 has the length of s2 here: the same, both
+// lie along the inside of a flange.
 struct EstremiCalcolo {
     bool dati = false;  // false: its stresses come from other lines
     double x1 = 0.0, x2 = 0.0, y1 = 0.0, y2 = 0.0;

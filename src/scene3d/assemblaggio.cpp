@@ -21,7 +21,9 @@ constexpr Punto3 Lato(double segno) { return {0, segno, 0}; }
 
 std::string Oggetto(const std::string& nome) { return "|oggetto=" + nome + "|"; }
 
-// Kept on purpose: half of plate 2, while Y counts from the lower end of plate 1.
+// Half of plate 2, while Y counts from the lower end of plate 1: with plates of different height
+// the scene's bolts stand off by half of the difference; solids and drawings, which are measured,
+// do not.
 double OrigineBulloni(const Nodo& n) { return -n.HPiastra(2) / 2.0; }
 
 // Bolts of one diameter share their sections.
