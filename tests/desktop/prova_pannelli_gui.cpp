@@ -26,6 +26,7 @@
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
 #include "desktop/vista_relazione.h"
+#include "joint/geometria.h"
 
 namespace tk07::prova {
 
@@ -548,7 +549,7 @@ TEST(Gui, ColoriENumeriDeiRapporti) {
     const Nodo& n = b.N();
     const QPoint dove =
         v.InPixel(Vista::lato, {n.TraPri.B / 2.0 + n.distPiastraTraPri + n.SpPiastra(2) / 2.0,
-                                CimaPiastra2(n) - 2.0})
+                                GeometriaDi(n).piastra(2).yMax - 2.0})
             .toPoint();
     for (const double rapporto : {1.0, 1.001}) {
         RapportiElementi r;
