@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "base/aritmetica.h"
@@ -50,6 +51,35 @@ Decimale Scomponi(double x, int cifre) {
     std::from_chars(da, r.ptr, esp);
     d.esp = esp + 1;
     return d;
+}
+
+constexpr int kDecimaliPiani = 6;
+constexpr std::size_t kTestoPiano = 24;  // sign, 8 + 6 digits, point
+
+// The text of a plain number: below 10^8, not below 10^-4 unless 0, and the double nearest to a
+// decimal of 6 places. `testo` takes what TestoNumero tells; the length comes back, 0 for any other
+// number. Two decimals of up to 15 digits never share their nearest double: when the quotient gives
+// x back, its digits are those of the general way.
+std::size_t TestoPiano(double x, char* testo) {
+    constexpr double kScala = 1e6;
+    if (x == 0.0) {
+        *testo = '0';
+        return 1;
+    }
+    const double a = std::fabs(x);
+    if (!(a >= 1e-4 && a < 1e8)) return 0;
+    auto m = static_cast<std::int64_t>(a * kScala + 0.5);
+    if (static_cast<double>(m) / kScala != a) return 0;
+    std::array<char, kTestoPiano> cifre;  // backwards
+    std::size_t n = 0;
+    int decimali = kDecimaliPiani;
+    for (; decimali > 0 && m % 10 == 0; --decimali) m /= 10;
+    for (int k = 0; k < decimali; ++k, m /= 10) cifre[n++] = static_cast<char>('0' + m % 10);
+    if (decimali > 0) cifre[n++] = '.';
+    for (; m > 0; m /= 10) cifre[n++] = static_cast<char>('0' + m % 10);
+    if (x < 0.0) cifre[n++] = '-';
+    std::reverse_copy(cifre.data(), cifre.data() + n, testo);
+    return n;
 }
 
 // |x| as digits with a point, rounded to `decimali`: no leading zero, no trailing zeros, a point
@@ -170,7 +200,8 @@ int Argomento(const std::string& cmd, std::size_t apertura) {
 }  // namespace
 
 std::string TestoNumero(double x) {
-    if (x == 0.0) return "0";
+    std::array<char, kTestoPiano> piano;
+    if (const std::size_t n = TestoPiano(x, piano.data()); n > 0) return {piano.data(), n};
     if (!std::isfinite(x)) return "***";
     Decimale d = Scomponi(x, 0);
     if (d.quante > 15) d = Scomponi(x, 15);
@@ -290,6 +321,19 @@ void AggiungiNumero(std::string& riga, double x, int larghezza, Separatore sep, 
     // A width is told by two digits: from 100 on only the first two count.
     while (larghezza >= 100) larghezza /= 10;
     PRETENDI(larghezza >= 2, "larghezza di campo errata");
+    // A plain number that fits together with its point, which an integer has room for all the same.
+    const auto w = static_cast<std::size_t>(larghezza);
+    std::array<char, kTestoPiano> piano;
+    std::size_t n = TestoPiano(x, piano.data());
+    const bool conPunto = std::find(piano.data(), piano.data() + n, '.') != piano.data() + n;
+    if (n > 0 && n + (conPunto ? 0 : 1) <= w) {
+        if (!conPunto && !intero) piano[n++] = '.';
+        if (al == Allinea::destra) riga.append(w - n, ' ');
+        riga.append(piano.data(), n);
+        if (al == Allinea::sinistra) riga.append(w - n, ' ');
+        if (sep == Separatore::barra) riga += '|';
+        return;
+    }
     Campo c;
     (al == Allinea::destra ? c.destra : c.sinistra) = larghezza;
     c.senzaPunto = intero;
@@ -309,15 +353,16 @@ void AggiungiCampo(std::string& riga, int valore, int larghezza, Separatore sep,
 
 void AggiungiCampo(std::string& riga, std::string_view testo, int larghezza, Separatore sep,
                    Allinea al) {
-    const std::string t = Taglia(testo);
+    const std::size_t da = std::min(testo.find_first_not_of(" \t"), testo.size());
+    const std::string_view t = testo.substr(da, testo.find_last_not_of(" \t") + 1 - da);
     const auto w = static_cast<std::size_t>(std::max(larghezza, 0));
     const std::size_t lungo = NumeroCaratteri(t);
     if (lungo >= w) {
         riga.append(PrimiCaratteri(t, w));
-    } else if (al == Allinea::destra) {
-        riga.append(w - lungo, ' ').append(t);
     } else {
-        riga.append(t).append(w - lungo, ' ');
+        if (al == Allinea::destra) riga.append(w - lungo, ' ');
+        riga.append(t);
+        if (al == Allinea::sinistra) riga.append(w - lungo, ' ');
     }
     if (sep == Separatore::barra) riga += '|';
 }

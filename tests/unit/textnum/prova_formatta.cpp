@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 
@@ -48,6 +50,52 @@ TEST(TestoNumero, FifteenDigitsNoLeadingZero) {
     for (const auto& [x, atteso] : casi) EXPECT_EQ(TestoNumero(x), atteso);
     EXPECT_EQ(TestoGenerale(2.5), " 2.5");
     EXPECT_EQ(TestoGenerale(-2.5), "-2.5");
+}
+
+// What the C library prints with 15 digits, in this program's notation: without the zero before the
+// point and those at the end.
+std::string QuindiciCifre(double x) {
+    std::array<char, 64> buf{};
+    std::snprintf(buf.data(), buf.size(), "%.14e", std::fabs(x));
+    std::string cifre = buf[0] + std::string(buf.data() + 2, 14);
+    const int esp = std::atoi(buf.data() + 17) + 1;
+    cifre.erase(std::max<std::size_t>(cifre.find_last_not_of('0') + 1, 1));
+    const auto interi = static_cast<std::size_t>(std::max(esp, 0));
+    if (interi >= cifre.size()) {
+        cifre.append(interi - cifre.size(), '0');
+    } else {
+        cifre = cifre.substr(0, interi) + "." +
+                std::string(static_cast<std::size_t>(std::max(-esp, 0)), '0') +
+                cifre.substr(interi);
+    }
+    return x == 0.0 ? "0" : (x < 0.0 ? "-" : "") + cifre;
+}
+
+// Numbers of few decimals and their neighbours, ties, sizes on both sides of 10^8 and 10^-4.
+TEST(TestoNumero, ReadsAsTheCLibraryPrintsIt) {
+    std::mt19937_64 g(11);
+    std::uniform_int_distribution<int> decimali(0, 8), cifre(0, 11), passi(-2, 2);
+    std::uniform_real_distribution<double> unita(1.0, 10.0);
+    const auto prova = [](double x) {
+        const std::string atteso = QuindiciCifre(x);
+        ASSERT_EQ(TestoNumero(x), atteso);
+        const std::string conPunto = Contiene(atteso, ".") ? atteso : atteso + ".";
+        ASSERT_EQ(CampoTesto(x, 24, Separatore::barra, Allinea::destra),
+                  std::string(24 - conPunto.size(), ' ') + conPunto + "|");
+    };
+    for (const double x : {0.0, -0.0, 1e-4, 9.9e-5, 99999999.999999, 1e8, 100000000.5, 0.0000005}) {
+        for (const double vicino : {x, std::nextafter(x, 1e9), std::nextafter(x, -1e9)}) {
+            if (vicino == 0.0 || std::fabs(vicino) >= 1e-5) prova(vicino);
+        }
+    }
+    for (int k = 0; k < 150000 && !HasFatalFailure(); ++k) {
+        const double scala = std::pow(10.0, decimali(g));
+        double x = std::nearbyint(unita(g) * std::pow(10.0, cifre(g))) / scala;
+        if (k % 4 == 1) x += 0.5 / scala;
+        if (k % 2 == 1) x = -x;
+        for (int p = passi(g); p > 0; --p) x = std::nextafter(x, 1e12);
+        if (std::fabs(x) >= 1e-5) prova(x);
+    }
 }
 
 TEST(Formatta, DecimalsAndTheScaleOfTheFactor) {
