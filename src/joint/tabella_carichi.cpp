@@ -1,5 +1,6 @@
 #include "joint/tabella_carichi.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/file_testo.h"
@@ -40,11 +41,17 @@ void Scrivi(Nodo& n, int k, const Sestetto& s) {
     n.NomeSa(k) = s.nome;
 }
 
-bool Uguali(const Nodo& n, int i, int j) {
+// Load case and actions of a set, without its description.
+struct Cifre {
+    std::array<double, 6> azioni{};
+    short caso = 0;
+};
+
+bool Uguali(const Cifre& a, const Cifre& b) {
     constexpr double kTolleranza = 0.0001;  // daN, daN cm
-    if (n.CasoCarico(i) != n.CasoCarico(j)) return false;
-    for (int a = 1; a <= 6; ++a) {
-        if (!(std::fabs(ValoreSoll(n, a, i) - ValoreSoll(n, a, j)) < kTolleranza)) return false;
+    if (a.caso != b.caso) return false;
+    for (std::size_t k = 0; k < a.azioni.size(); ++k) {
+        if (!(std::fabs(a.azioni[k] - b.azioni[k]) < kTolleranza)) return false;
     }
     return true;
 }
@@ -114,21 +121,52 @@ void RimuoviSestetto(Nodo& n, int k) {
 }
 
 bool EliminaDoppiSoll(Nodo& n) {
-    bool modificato = false;
-    for (int i = 1; i < n.nSollAg;) {
-        int doppio = -1;
-        for (int j = 0; j <= n.nSollAg - 1 && doppio < 0; ++j) {
-            if (j != i && Uguali(n, i, j)) doppio = j;
+    const int prima = n.nSollAg;
+    std::vector<Cifre> cifre(static_cast<std::size_t>(std::max(prima, 0)));
+    std::vector<int> restano(cifre.size());  // slots of the sets that stay, in order
+    for (int k = 0; k < prima; ++k) {
+        const auto posto = static_cast<std::size_t>(k);
+        for (int a = 1; a <= 6; ++a) {
+            cifre[posto].azioni[static_cast<std::size_t>(a - 1)] = ValoreSoll(n, a, k);
         }
-        if (doppio < 0) {
-            ++i;
+        cifre[posto].caso = n.CasoCarico(k);
+        restano[posto] = k;
+    }
+    const auto doppio = [&](std::size_t i, std::size_t j) {
+        return Uguali(cifre[static_cast<std::size_t>(restano[i])],
+                      cifre[static_cast<std::size_t>(restano[j])]);
+    };
+    // A set looks for its like from the top of the table on, and the like goes. The sets between
+    // the first one and set i have had their turn and none is like another: what is like set i is
+    // the first set or comes behind. The first set itself never looks.
+    for (std::size_t i = 1; i < restano.size();) {
+        if (doppio(i, 0)) {
+            restano.erase(restano.begin());
+            i = std::max<std::size_t>(i - 1, 1);
             continue;
         }
-        RimozioneSoll(n, doppio);
-        modificato = true;
-        i = 1;  // the search starts again
+        for (std::size_t j = i + 1; j < restano.size();) {
+            if (doppio(i, j)) {
+                restano.erase(restano.begin() + static_cast<std::ptrdiff_t>(j));
+            } else {
+                ++j;
+            }
+        }
+        ++i;
     }
-    return modificato;
+    const int dopo = static_cast<int>(restano.size());
+    if (dopo == prima || prima <= 0) return false;
+    for (int k = 0; k < dopo; ++k) {
+        const int da = restano[static_cast<std::size_t>(k)];
+        if (da != k) SaScambio_(n, k, da);
+    }
+    // The slots that become free are blank, and so is the one behind the old end.
+    for (int k = dopo; k <= std::min(prima, kMaxSestetto); ++k) {
+        SaAzzera_(n, k);
+        n.NomeSa(k).clear();
+    }
+    n.nSollAg = static_cast<short>(dopo);
+    return true;
 }
 
 void MaxMinSoll(Nodo& n) {

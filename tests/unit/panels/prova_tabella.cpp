@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 
 #include "aiuti/prova.h"
@@ -71,6 +72,48 @@ TEST(EliminaDoppiSoll, OfAPairTheOneFoundSecondGoes) {
         Metti(*n, prima);
         EXPECT_EQ(EliminaDoppiSoll(*n), prima.size() != std::string(dopo).size()) << dopo;
         EXPECT_EQ(Nomi(*n), dopo);
+    }
+}
+
+// The search told plainly: from the top for every set, once more after each removal.
+void TogliDoppi(Righe& v) {
+    const auto simili = [](const Riga& x, const Riga& y) {
+        bool s = x.caso == y.caso;
+        for (std::size_t a = 0; a < 6; ++a) s = s && std::fabs(x.a[a] - y.a[a]) < 0.0001;
+        return s;
+    };
+    for (std::size_t i = 1; i < v.size(); ++i) {
+        for (std::size_t j = 0; j < v.size(); ++j) {
+            if (i == j || !simili(v[i], v[j])) continue;
+            v.erase(v.begin() + static_cast<std::ptrdiff_t>(j));
+            i = 0;
+            break;
+        }
+    }
+}
+
+// Values a little less than the tolerance apart, so that being alike is not passed on.
+TEST(EliminaDoppiSoll, RandomTablesEndAsThePlainSearch) {
+    std::mt19937 g(3);
+    const auto n = std::make_unique<Nodo>();
+    for (int giro = 0; giro < 400; ++giro) {
+        const int quanti = giro < 390 ? static_cast<int>(g() % 40) : 492 + giro % 10;
+        const unsigned valori = giro < 390 ? 1 + g() % 12 : 200;
+        Righe v;
+        for (int k = 0; k < quanti; ++k) {
+            const double N = g() % 20 == 0 ? std::nan("") : 0.00006 * (g() % valori);
+            v.push_back(Sest(std::to_string(k).c_str(), N, g() % 3, static_cast<short>(g() % 2)));
+        }
+        Metti(*n, v);
+        TogliDoppi(v);
+        EXPECT_EQ(EliminaDoppiSoll(*n), static_cast<int>(v.size()) != quanti);
+        std::string attesi;
+        for (const Riga& r : v) attesi += r.nome;
+        ASSERT_EQ(Nomi(*n), attesi) << giro;
+        for (int k = n->nSollAg; k <= std::min(quanti, 500) && n->nSollAg < quanti; ++k) {
+            ASSERT_TRUE(n->NomeSa(k).empty() && n->SforzoNormale(k) == 0 && n->TaglioY(k) == 0 &&
+                        n->CasoCarico(k) == 0);
+        }
     }
 }
 
