@@ -139,15 +139,11 @@ std::string PrimiCaratteri(std::string_view testo, std::size_t n) {
 
 std::string EstraiCampo(std::string& riga, char separatore) {
     std::replace(riga.begin(), riga.end(), '\t', ' ');
-    riga = Taglia(riga);
-    const std::size_t p = riga.find(separatore);
-    if (p == std::string::npos) {
-        std::string campo = riga;
-        riga.clear();
-        return campo;
-    }
-    std::string campo = Taglia(std::string_view(riga).substr(0, p));
-    riga = Taglia(std::string_view(riga).substr(p + 1));
+    riga.erase(riga.find_last_not_of(' ') + 1);
+    const std::size_t da = std::min(riga.find_first_not_of(' '), riga.size());
+    const std::size_t p = std::min(riga.find(separatore, da), riga.size());
+    std::string campo = Taglia(std::string_view(riga).substr(da, p - da));
+    riga.erase(0, riga.find_first_not_of(' ', std::min(p + 1, riga.size())));
     return campo;
 }
 

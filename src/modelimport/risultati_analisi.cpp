@@ -1,5 +1,6 @@
 #include "modelimport/risultati_analisi.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -7,8 +8,7 @@
 #include <cstdio>
 #include <fstream>
 #include <optional>
-#include <set>
-#include <unordered_map>
+#include <type_traits>
 #include <vector>
 
 #include "base/aritmetica.h"
@@ -24,26 +24,15 @@ namespace {
 constexpr std::int64_t kRecord = 56;  // bytes
 using Record = std::array<char, kRecord>;
 
-// Little-endian whole number of N bytes at a position counted from 1.
-template <std::size_t N>
-std::uint64_t Byte(const Record& r, std::size_t posizione) {
-    std::uint64_t x = 0;
-    for (std::size_t k = N; k-- > 0;) {
-        x = (x << 8) | static_cast<unsigned char>(r[posizione - 1 + k]);
+// Little-endian whole number at `inizio`.
+template <class T>
+T Intero(const char* inizio) {
+    std::make_unsigned_t<T> x = 0;
+    for (std::size_t k = 0; k < sizeof(T); ++k) {
+        x = static_cast<std::make_unsigned_t<T>>(
+            x | (std::make_unsigned_t<T>{static_cast<unsigned char>(inizio[k])} << (8 * k)));
     }
-    return x;
-}
-
-std::int16_t Corto(const Record& r, std::size_t posizione) {
-    return static_cast<std::int16_t>(Byte<2>(r, posizione));
-}
-
-std::int32_t Lungo(const Record& r, std::size_t posizione) {
-    return static_cast<std::int32_t>(Byte<4>(r, posizione));
-}
-
-double Reale(const Record& r, std::size_t posizione) {
-    return std::bit_cast<double>(Byte<8>(r, posizione));
+    return static_cast<T>(x);
 }
 
 // The six actions of a record.
@@ -52,37 +41,49 @@ struct Azioni {
            momento2 = 0.0;
 };
 
-// A result file, record by record: no more of it than one record is ever in memory, whatever its
-// size and counts. Records go straight to their values, so that no scratch file is left behind in
-// the work directory when the program is stopped half way.
+// A result file: never more of it than one stretch is in memory, whatever its size and counts.
+// Records go straight to their values, so that no scratch file is left behind in the work directory
+// when the program is stopped half way. Everything is read, nothing mapped: a file that is cut
+// meanwhile ends the reading in an error.
 class FileRisultati {
   public:
     // False when it cannot be opened, or the header asks for more than the file holds.
     bool Apri(const std::string& percorso) {
         if (!EsisteFile(percorso)) return false;
-        f_.rdbuf()->pubsetbuf(nullptr, 0);  // single records far apart: no read-ahead
+        f_.rdbuf()->pubsetbuf(nullptr, 0);  // whole stretches at once
         f_.open(PercorsoPiattaforma(percorso), std::ios::binary);
         f_.seekg(0, std::ios::end);
         const std::int64_t lunghezza = f_.tellg();
         Record r;
-        if (!f_ || !Leggi(1, r)) return false;
-        n_ = Corto(r, 1);
-        stazioni_ = Lungo(r, 5);
-        sestetti_ = Lungo(r, 9);
+        if (!f_ || !Leggi(0, r)) return false;
+        n_ = Intero<std::int16_t>(r.data());
+        stazioni_ = Intero<std::int32_t>(r.data() + 4);
+        sestetti_ = Intero<std::int32_t>(r.data() + 8);
         if (n_ < 1 || stazioni_ < 1 || sestetti_ < 1) return false;
         // n A B <= what follows the header, without a product that could overflow
         const std::int64_t presenti = lunghezza / kRecord - 1;
         return n_ * stazioni_ <= presenti / sestetti_;
     }
 
-    std::int64_t Membrature() const { return n_; }
     std::int64_t Sestetti() const { return sestetti_; }
 
-    // Number of the member of a block.
-    bool NumeroAsta(std::int64_t blocco, short& numero) {
-        Record r;
-        if (!Leggi(2 + blocco * stazioni_ * sestetti_, r)) return false;
-        numero = Corto(r, 1);
+    // Gives block and member number of every block to `prendi`, in the order of the file. Short
+    // blocks are read together, of long ones their first record alone.
+    template <class Prendi>
+    bool Aste(Prendi prendi) {
+        constexpr std::int64_t kLungo = 4096, kTratto = 1 << 18;  // bytes
+        const std::int64_t passo = stazioni_ * sestetti_ * kRecord;
+        const std::int64_t insieme = passo > kLungo ? 1 : kTratto / passo;
+        std::vector<char> tratto;
+        for (std::int64_t b = 0; b < n_; b += insieme) {
+            const std::int64_t quanti = std::min(insieme, n_ - b);
+            tratto.resize(static_cast<std::size_t>((quanti - 1) * passo + kRecord));
+            if (!Leggi(kRecord + b * passo, tratto)) return false;
+            const char* inizio = tratto.data();
+            for (std::int64_t k = 0; k < quanti; ++k, inizio += passo) {
+                prendi(b + k, Intero<std::int16_t>(inizio));
+            }
+        }
         return true;
     }
 
@@ -91,23 +92,25 @@ class FileRisultati {
         const std::int64_t base =
             1 + blocco * stazioni_ * sestetti_ + (estremo == 2 ? sestetti_ * (stazioni_ - 1) : 0);
         Record r;
-        if (!Leggi(base + s, r)) return std::nullopt;
+        if (!Leggi((base + s - 1) * kRecord, r)) return std::nullopt;
         Azioni a;
-        std::size_t posizione = 9;
+        const char* valore = r.data() + 8;
         for (double* x :
              {&a.assiale, &a.taglio1, &a.taglio2, &a.torsione, &a.momento1, &a.momento2}) {
-            *x = Reale(r, posizione);
+            *x = std::bit_cast<double>(Intero<std::int64_t>(valore));
             if (!std::isfinite(*x)) return std::nullopt;
-            posizione += 8;
+            valore += 8;
         }
         return a;
     }
 
   private:
-    bool Leggi(std::int64_t numero, Record& r) {
+    // Fills `dove` from byte `da` on; false when the file ends before.
+    template <class Byte>
+    bool Leggi(std::int64_t da, Byte& dove) {
         f_.clear();
-        f_.seekg((numero - 1) * kRecord);
-        return static_cast<bool>(f_.read(r.data(), kRecord));
+        f_.seekg(da);
+        return static_cast<bool>(f_.read(dove.data(), static_cast<std::streamsize>(dove.size())));
     }
 
     std::ifstream f_;
@@ -143,6 +146,26 @@ bool LeggiListe(const RichiestaImport& r, Liste& l, const Piattaforma& p) {
 // Rounded to n decimals; adding 0 turns -0 into 0.
 double Tondo(double x, int n) { return Arrotonda(x, n) + 0.0; }
 
+// Block of each member that is looked for, by the 16 bits of its number; the first block until a
+// file has shown the member.
+class Blocchi {
+  public:
+    explicit Blocchi(const std::vector<short>& aste) : blocco_(kNumeri, kNonCercata) {
+        for (const short numero : aste) blocco_[Posto(numero)] = 0;
+    }
+    void Vista(short numero, std::int64_t blocco) {
+        std::int32_t& b = blocco_[Posto(numero)];
+        if (b != kNonCercata) b = static_cast<std::int32_t>(blocco);
+    }
+    std::int64_t operator[](short numero) const { return blocco_[Posto(numero)]; }
+
+  private:
+    static constexpr std::size_t kNumeri = 1u << 16;
+    static constexpr std::int32_t kNonCercata = -1;
+    static std::size_t Posto(short numero) { return static_cast<std::uint16_t>(numero); }
+    std::vector<std::int32_t> blocco_;  // a file has fewer than 2^15 blocks
+};
+
 // One import under way.
 struct Importazione {
     const Liste& liste;
@@ -150,7 +173,7 @@ struct Importazione {
     ModoImport modo;
     Nodo& nodo;
     const Piattaforma& p;
-    std::unordered_map<short, std::int64_t> blocchi;  // member -> its block, kept between files
+    Blocchi blocchi;  // kept between files
 };
 
 EsitoImport Fallito(const Importazione& i, const std::string& testo) {
@@ -215,11 +238,8 @@ EsitoImport ImportaFile(Importazione& i, std::string_view dirLavoro, TipoCarico 
                                     testo;
     FileRisultati f;
     if (!f.Apri(NomeFileRisultati(dirLavoro, tipo, numero))) return Fallito(i, illeggibile);
-    for (std::int64_t b = 0; b < f.Membrature(); ++b) {
-        short asta = 0;
-        if (!f.NumeroAsta(b, asta)) return Fallito(i, illeggibile);
-        const auto it = i.blocchi.find(asta);
-        if (it != i.blocchi.end()) it->second = b;
+    if (!f.Aste([&](std::int64_t b, short asta) { i.blocchi.Vista(asta, b); })) {
+        return Fallito(i, illeggibile);
     }
     const auto quante = static_cast<std::int64_t>(i.aste.asteLista.size());
     if (i.nodo.nSollAg + f.Sestetti() * quante > kMaxSestetto) return TroppeSollecitazioni(i);
@@ -254,8 +274,7 @@ EsitoImport ImportaSollecitazioni(std::string_view dirLavoro, const RichiestaImp
     if (letta == EsitoStr::errore) return EsitoImport::fallito;
 
     if (richiesta.modo == ModoImport::massimiMinimi) PreparaMaxMinSoll(nodo);
-    Importazione i{liste, aste, richiesta.modo, nodo, p, {}};
-    for (const short numero : liste.aste) i.blocchi.emplace(numero, 0);
+    Importazione i{liste, aste, richiesta.modo, nodo, p, Blocchi(liste.aste)};
     const auto totale = static_cast<long>(liste.casi.size() + liste.condizioni.size());
     long fatti = 0;
     for (const TipoCarico tipo : {TipoCarico::caso, TipoCarico::condizione}) {
@@ -279,13 +298,13 @@ AstaAssente CercaAstaAssente(std::string_view dirLavoro, const RichiestaImport& 
         for (const short numero : tipo == TipoCarico::caso ? liste.casi : liste.condizioni) {
             FileRisultati f;
             if (!f.Apri(NomeFileRisultati(dirLavoro, tipo, numero))) return {};
-            std::set<short> presenti;
-            for (std::int64_t b = 0; b < f.Membrature(); ++b) {
-                short asta = 0;
-                if (f.NumeroAsta(b, asta)) presenti.insert(asta);
-            }
+            std::vector<bool> presenti(1u << 16);  // by the 16 bits of the number
+            f.Aste([&](std::int64_t, short asta) {
+                presenti[static_cast<std::uint16_t>(asta)] = true;
+            });
             for (const short asta : liste.aste) {
-                if (asta >= 1 && presenti.count(asta) == 0) return {asta, tipo, numero};
+                if (asta >= 1 && !presenti[static_cast<std::uint16_t>(asta)])
+                    return {asta, tipo, numero};
             }
         }
     }

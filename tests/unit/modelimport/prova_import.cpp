@@ -2,6 +2,8 @@
 
 #include <array>
 #include <limits>
+#include <numeric>
+#include <tuple>
 
 #include "modelimport/risultati_analisi.h"
 #include "unit/modelimport/modello.h"
@@ -174,6 +176,26 @@ TEST_F(Import, AMemberThatAFileLacksHasTheBlockOfTheFileBefore) {
     nodo.nSollAg = 0;
     Fallisce("Impossibile leggere le sollecitazioni nei nodi precisati");
     EXPECT_EQ(Assiali(), std::vector<double>{1101});
+}
+
+// Files of many blocks, short ones that are read together and long ones that are not.
+TEST_F(Import, MembersAreFoundWhereverTheyStand) {
+    std::vector<int> aste(3000);
+    std::iota(aste.begin(), aste.end(), 1000);
+    for (const auto& [quante, A, B] : {std::tuple{3000, 1L, 1L}, {3000, 2, 3}, {200, 37, 2}}) {
+        for (const int posto : {0, quante / 2, quante - 1}) {
+            std::vector<int> v(aste.begin(), aste.begin() + quante);
+            v[static_cast<std::size_t>(posto)] = 11;
+            Scrivi("astec001.bin", prova::Risultati(v, A, B, Indirizzo));
+            nodo.nSollAg = 0;
+            Fai();
+            ASSERT_EQ(Assiali().size(), static_cast<std::size_t>(B));
+            EXPECT_EQ(Assiali()[0], 1101 + 10 * (A - 1)) << posto;
+            EXPECT_EQ(CercaAstaAssente(c.Testo(), r).asta, 0);
+        }
+    }
+    r.aste = "11,12";
+    EXPECT_EQ(CercaAstaAssente(c.Testo(), r).asta, 12);
 }
 
 TEST_F(Import, FiveHundredSetsAreTheLimit) {
