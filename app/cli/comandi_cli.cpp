@@ -4,12 +4,10 @@
 #include <cstdio>
 #include <iostream>
 #include <map>
-#include <memory>
-#include <utility>
 
 #include "base/file_testo.h"
 #include "base/testo.h"
-#include "cli/barra.h"
+#include "cli/per_ogni_file.h"
 #include "guscio/albero.h"
 #include "guscio/banco.h"
 #include "guscio/csv.h"
@@ -66,43 +64,20 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
     if (opz.json) {
         Json j = JsonVerifica(s, file, porta.messaggi, opz.esiti);
         if (!aperto) j["metodo"] = nullptr;
-        Stampa(SuRiga(j) + "\n");
+        porta.Stampa(SuRiga(j) + "\n");
         return codice;
     }
     if (opz.csv) {
-        if (s.RisultatiValidi) Stampa(CsvVerifica(s, file));
+        if (s.RisultatiValidi) porta.Stampa(CsvVerifica(s, file));
         return codice;
     }
     if (!s.RisultatiValidi) return codice;
     const std::string relazione = PercorsoPiattaforma(s.ultimaVerifica.relazione);
     if (opz.stampa) {
         std::string testo, errore;
-        if (LeggiBytes(relazione, testo, errore)) Stampa(testo + "\n");
+        if (LeggiBytes(relazione, testo, errore)) porta.Stampa(testo + "\n");
     }
-    Stampa(file + ": " + Verdetto(s) + "\n    relazione: " + relazione + "\n");
-    return codice;
-}
-
-// Runs `lavoro` on every file, each in a session that starts from the default joint. The exit code
-// is the largest; a fatal fault ends the run.
-template <class Lavoro>
-int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file, Lavoro lavoro,
-                bool fermati = false, bool apri = false) {
-    Banco banco(avvio);
-    if (!banco.Avviato()) return banco.codice;
-    banco.porta.fermati = fermati;
-    banco.porta.apri = apri;
-    Barra barra(file.size());
-    int codice = kUscitaOk;
-    for (std::size_t i = 0; i < file.size(); ++i) {
-        const bool ultimo = i + 1 == file.size();
-        const auto copia = ultimo ? std::move(banco.s) : std::make_unique<Sessione>(*banco.s);
-        barra.Cancella();
-        codice = std::max(codice, lavoro(*copia, banco.porta, file[i]));
-        std::fflush(stdout);
-        if (codice == kUscitaFatale) break;
-        barra.Segna(i + 1);
-    }
+    porta.Stampa(file + ": " + Verdetto(s) + "\n    relazione: " + relazione + "\n");
     return codice;
 }
 
@@ -117,14 +92,14 @@ int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz) {
             Errore(f, "attenzione, un altro nodo ha lo stesso nome: la sua relazione è riscritta");
         }
     }
-    bool testata = opz.csv;
+    // Two reports of one name must be written in the order of the files.
+    const bool tuttiDiversi = nomi.size() == opz.file.size();
     return PerOgniFile(
         avvio, opz.file,
         [&](Sessione& s, PortaCli& porta, const std::string& f) {
-            if (std::exchange(testata, false)) Stampa(TestataCsv());
             return VerificaFile(s, porta, opz, f);
         },
-        opz.fermati, opz.apri);
+        {opz.fermati, opz.apri, tuttiDiversi ? opz.fili : 1, opz.csv ? TestataCsv() : ""});
 }
 
 int ComandoControlla(const Avvio& avvio, const std::vector<std::string>& file) {

@@ -11,6 +11,7 @@ struct OpzioniVerifica {
     std::vector<std::string> file;
     std::string metodo;  // "slu", "ta" or empty: the joint's own
     bool json = false, esiti = false, csv = false, fermati = false, apri = false, stampa = false;
+    int fili = 1;  // threads
 };
 
 int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz);

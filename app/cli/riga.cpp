@@ -120,6 +120,9 @@ int EseguiRiga(int argc, char** argv, const Grafica& grafica) {
     c->add_flag("--fermati", verifica.fermati, "Si ferma se gli interassi non sono rispettati");
     c->add_flag("--apri", verifica.apri, "Apre le relazioni nell'editor di testo");
     c->add_flag("--stampa", verifica.stampa, "Stampa le relazioni");
+    c->add_option("--fili", verifica.fili, "Verifica più nodi insieme, su N fili")
+        ->check(CLI::Range(1, 64).description(""))
+        ->type_name("N");
     c->callback(
         [&] { codice = suAlberoProprio([&] { return ComandoVerifica(avvio, verifica); }); });
 

@@ -26,9 +26,25 @@ std::string SuUnaRiga(const std::string& testo) {
     return t;
 }
 
+void MessaggioUscita::Scrivi() const {
+    std::fwrite(testo.data(), 1, testo.size(), errore ? stderr : stdout);
+}
+
+namespace {
+
+MessaggioUscita RigaErrore(const std::string& prefisso, const std::string& testo) {
+    return {true, (prefisso.empty() ? "" : prefisso + ": ") + SuUnaRiga(testo) + "\n"};
+}
+
+}  // namespace
+
 void Errore(const std::string& prefisso, const std::string& testo) {
-    const std::string riga = (prefisso.empty() ? "" : prefisso + ": ") + SuUnaRiga(testo) + "\n";
-    std::fwrite(riga.data(), 1, riga.size(), stderr);
+    RigaErrore(prefisso, testo).Scrivi();
+}
+
+void PortaCli::Stampa(const std::string& testo) {
+    const MessaggioUscita m{false, testo};
+    raccolta == nullptr ? m.Scrivi() : raccolta->push_back(m);
 }
 
 std::string FileProgramma(const std::string& programma) {
@@ -122,7 +138,11 @@ Piattaforma PortaCli::Fai() {
         messaggi.push_back({testo, titolo, segno, pulsanti, r});
         if (!zitta) {
             const bool domanda = pulsanti == Pulsanti::OKAnnulla;
-            Errore(prefisso, testo + (!domanda ? "" : r == Risposta::OK ? " [OK]" : " [Annulla]"));
+            const MessaggioUscita m =
+                RigaErrore(prefisso, testo + (!domanda            ? ""
+                                              : r == Risposta::OK ? " [OK]"
+                                                                  : " [Annulla]"));
+            raccolta == nullptr ? m.Scrivi() : raccolta->push_back(m);
         }
         return r;
     };

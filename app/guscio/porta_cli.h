@@ -14,6 +14,13 @@ struct MessaggioDato {
     Risposta risposta = Risposta::OK;
 };
 
+// A piece of what the program says, kept to be printed later.
+struct MessaggioUscita {
+    bool errore = false;  // standard error
+    std::string testo;
+    void Scrivi() const;
+};
+
 // The port of the command line: boxes go to standard error, one line each behind the file's name,
 // and are answered from the options.
 struct PortaCli {
@@ -23,6 +30,11 @@ struct PortaCli {
     bool zitta = false;    // collects boxes without printing them
     std::vector<MessaggioDato> messaggi;
     std::string percorsoScelto;  // answers the next file dialog
+    // Where set, boxes and what is printed through the port are put here instead.
+    std::vector<MessaggioUscita>* raccolta = nullptr;
+
+    // To standard output.
+    void Stampa(const std::string& testo);
 
     // The port refers to this record, which must outlive it.
     Piattaforma Fai();

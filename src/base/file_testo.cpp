@@ -10,9 +10,11 @@
 #include <system_error>
 
 #ifndef _WIN32
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
+#include "base/nomi_presenti.h"
 #include "base/testo.h"
 
 namespace tk07 {
@@ -105,7 +107,7 @@ std::string PercorsoMostrato(std::string_view percorso) {
     return r;
 }
 
-std::string PercorsoPiattaforma(std::string_view percorso) {
+std::string PercorsoPiattaforma(std::string_view percorso, NomiPresenti* nomi) {
     std::string t(percorso);
     std::replace(t.begin(), t.end(), '\\', '/');
     const fs::path intero(t);
@@ -119,18 +121,13 @@ std::string PercorsoPiattaforma(std::string_view percorso) {
             r = prova;
             continue;
         }
-        const std::string cercata = Minuscolo(parte.string());
-        std::vector<std::string> trovate;
-        for (fs::directory_iterator it(r.empty() ? fs::path(".") : r, ec), fine; !ec && it != fine;
-             it.increment(ec)) {
-            std::string nome = it->path().filename().string();
-            if (Minuscolo(nome) == cercata) trovate.push_back(std::move(nome));
-        }
-        if (trovate.empty()) {
+        const auto presente = nomi != nullptr ? nomi->Nome(r.string(), parte.string())
+                                              : NomePresente(r.string(), parte.string());
+        if (presente) {
+            r /= *presente;
+        } else {
             esiste = false;
             r = prova;
-        } else {  // the same choice whatever order the directory lists them in
-            r /= *std::min_element(trovate.begin(), trovate.end());
         }
     }
     return r.string();
@@ -150,6 +147,17 @@ bool EliminaFile(std::string_view percorso) {
     std::error_code ec;
     fs::remove(PercorsoPiattaforma(percorso), ec);
     return !ec;
+}
+
+std::string ScaricaSuDisco([[maybe_unused]] std::string_view direttorio) {
+#ifdef __linux__
+    const int d = open(PercorsoPiattaforma(direttorio).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (d < 0) return MessaggioSistema(errno);
+    const int errore = syncfs(d) == 0 ? 0 : errno;
+    close(d);
+    if (errore != 0) return MessaggioSistema(errore);
+#endif
+    return {};
 }
 
 std::string NomeSenzaDirettorio(std::string_view percorso) {
@@ -213,11 +221,12 @@ bool AWindows1252(std::string_view testo, std::string& uscita) {
 bool LeggiBytes(std::string_view percorso, std::string& bytes, std::string& errore) {
     const std::string nome = PercorsoPiattaforma(percorso);
     std::error_code ec;
-    if (fs::is_directory(nome, ec)) {
+    const fs::file_status stato = fs::status(nome, ec);
+    if (fs::is_directory(stato)) {
         errore = "è un direttorio";
         return false;
     }
-    if (fs::exists(nome, ec) && !fs::is_regular_file(nome, ec)) {
+    if (fs::exists(stato) && !fs::is_regular_file(stato)) {
         errore = "non è un file";  // a pipe or a device would be waited for
         return false;
     }
@@ -262,8 +271,8 @@ FileLetto LeggiRighe(std::string_view percorso) {
 }
 
 std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
-                       [[maybe_unused]] Tenuta tenuta) {
-    std::string nome = PercorsoPiattaforma(percorso);
+                       [[maybe_unused]] Tenuta tenuta, NomiPresenti* nomi) {
+    std::string nome = PercorsoPiattaforma(percorso, nomi);
     std::error_code ec;
     if (fs::is_symlink(nome, ec)) {  // the file behind a link is replaced, not the link
         const fs::path vero = fs::canonical(nome, ec);

@@ -6,12 +6,15 @@
 
 namespace tk07 {
 
+class NomiPresenti;
+
 // Largest file that any reader takes [bytes]. Real files are some thousand times smaller.
 inline constexpr std::size_t kMassimoFile = 32u << 20;
 
 // Paths are composed as written, with `\` or `/`. The platform's form: its own separator, existing
-// components found case-blind (exact match first), new names as spelled.
-std::string PercorsoPiattaforma(std::string_view percorso);
+// components found case-blind (exact match first), new names as spelled. With `nomi` a directory is
+// not listed anew for every name that it lacks.
+std::string PercorsoPiattaforma(std::string_view percorso, NomiPresenti* nomi = nullptr);
 // The path with the platform's separator only, for titles and messages.
 std::string PercorsoMostrato(std::string_view percorso);
 bool EsisteDirettorio(std::string_view percorso);
@@ -25,6 +28,10 @@ std::string MessaggioSistema(int errore);
 
 // Deletes the file if it is there; false when it could not be deleted.
 bool EliminaFile(std::string_view percorso);
+
+// Waits until the files of the directory that were written without waiting are on the disk; returns
+// the empty text, or the reason why not.
+std::string ScaricaSuDisco(std::string_view direttorio);
 
 // Bytes to UTF-8: valid UTF-8 (with or without BOM) as it is, anything else as Windows-1252.
 std::string DaBytes(std::string_view bytes);
@@ -50,6 +57,6 @@ enum class Codifica { windows1252, utf8 };
 // Files that another run can make again need not wait for the disk.
 enum class Tenuta { suDisco, provvisoria };
 std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
-                       Tenuta tenuta = Tenuta::suDisco);
+                       Tenuta tenuta = Tenuta::suDisco, NomiPresenti* nomi = nullptr);
 
 }  // namespace tk07

@@ -1,8 +1,10 @@
 #include "joint/file_nodo.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <set>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "base/chiavi.h"
 #include "base/file_testo.h"
@@ -32,28 +34,56 @@ struct Riga {
     std::string dove;  // of a refusal: which part of the line
 };
 
-// Stores the line's value.
+// A key with the group that gives its index.
+struct Posto {
+    const GruppoCampi* gruppo = nullptr;
+    const CampoNodo* campo = nullptr;
+};
+
+const Posto* PostoDi(std::string_view chiaveMinuscola) {
+    static const std::unordered_map<std::string_view, Posto> perChiave = [] {
+        std::unordered_map<std::string_view, Posto> m;
+        for (const GruppoCampi& g : GruppiNodo()) {
+            for (const CampoNodo& c : g.campi) m.emplace(c.minuscola, Posto{&g, &c});
+        }
+        return m;
+    }();
+    const auto it = perChiave.find(chiaveMinuscola);
+    return it == perChiave.end() ? nullptr : &it->second;
+}
+
+// Stores the line's value when it carries this key.
+Riga PrendiCampo(Nodo& nodo, const RigaChiave& riga, const GruppoCampi& gruppo,
+                 const CampoNodo& campo) {
+    const auto v = LeggiChiave(riga, campo.minuscola);
+    if (!v) return {};
+    if (!v->guasto.empty()) {
+        return {true, {}, {v->guasto, {}}, std::string(", indice di [") + campo.minuscola + "]"};
+    }
+    const std::string testo = ": " + riga.testo.substr(0, 60);
+    const int i = v->indici.empty() ? 0 : v->indici.front();
+    const auto [minimo, massimo] = LimitiDi(gruppo.indice);
+    if (i < minimo || i > massimo) {
+        return {true, {}, {TestoIndiceFuori(i, minimo, massimo), {}}, testo};
+    }
+    const bool numero = campo.tipo == TipoCampo::reale || campo.tipo == TipoCampo::booleano;
+    return {true, ConIndice(campo.chiave, gruppo.indice, i), campo.metti(nodo, i, v->valore),
+            numero ? testo : std::string(", chiave ") + campo.chiave};
+}
+
+// Stores the line's value. A line with a single bracket can only be taken by the key behind it;
+// with more of them the order of the keys decides.
 Riga PrendiRiga(Nodo& nodo, const RigaChiave& riga) {
+    const std::string& m = riga.minuscola;
+    const std::size_t aperta = m.find('[');
+    if (m.find('[', aperta + 1) == std::string::npos) {
+        const std::size_t fine = std::min(m.find_first_of(" ]", aperta), m.size());
+        const Posto* p = PostoDi(std::string_view(m).substr(aperta + 1, fine - aperta - 1));
+        return p == nullptr ? Riga{} : PrendiCampo(nodo, riga, *p->gruppo, *p->campo);
+    }
     for (const GruppoCampi& gruppo : GruppiNodo()) {
         for (const CampoNodo& campo : gruppo.campi) {
-            const auto v = LeggiChiave(riga, campo.minuscola);
-            if (!v) continue;
-            if (!v->guasto.empty()) {
-                return {true,
-                        {},
-                        {v->guasto, {}},
-                        std::string(", indice di [") + campo.minuscola + "]"};
-            }
-            const std::string testo = ": " + riga.testo.substr(0, 60);
-            const int i = v->indici.empty() ? 0 : v->indici.front();
-            const auto [minimo, massimo] = LimitiDi(gruppo.indice);
-            if (i < minimo || i > massimo) {
-                return {true, {}, {TestoIndiceFuori(i, minimo, massimo), {}}, testo};
-            }
-            const bool numero = campo.tipo == TipoCampo::reale || campo.tipo == TipoCampo::booleano;
-            return {true, ConIndice(campo.chiave, gruppo.indice, i),
-                    campo.metti(nodo, i, v->valore),
-                    numero ? testo : std::string(", chiave ") + campo.chiave};
+            if (Riga r = PrendiCampo(nodo, riga, gruppo, campo); r.presa) return r;
         }
     }
     return {};
@@ -117,8 +147,13 @@ bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattafor
 
 bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& releaseFile,
                   bool conMessaggio, const Piattaforma& p) {
+    return LeggiRelease(LeggiRighe(percorso), percorso, releaseArgano, releaseFile, conMessaggio,
+                        p);
+}
+
+bool LeggiRelease(const FileLetto& f, std::string_view percorso, double& releaseArgano,
+                  double& releaseFile, bool conMessaggio, const Piattaforma& p) {
     releaseArgano = releaseFile = 0.0;
-    const FileLetto f = LeggiRighe(percorso);
     if (!f.riuscito || f.righe.empty()) {
         if (conMessaggio) {
             MostraErrore(p,
@@ -141,14 +176,18 @@ bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& rele
 }
 
 std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, std::string_view percorso, NoteLettura* note) {
-    const FileLetto f = LeggiRighe(percorso);
+    return ProvaFileNodo(nodo, LeggiRighe(percorso), percorso, note);
+}
+
+std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, const FileLetto& f, std::string_view percorso,
+                                        NoteLettura* note) {
     const std::string nome = PercorsoMostrato(percorso);
     if (!f.riuscito) return GuastoNodo{f.errore, {}, true};
     Nodo letto = nodo;  // a fault on the way leaves the joint as it was
     letto.Esposizione = letto.TipoVer = 0;
     letto.RigheSconosciute.clear();
     letto.NomiAssenti.clear();
-    std::set<std::string> viste;
+    std::unordered_set<std::string> viste;
     for (std::size_t i = 1; i < f.righe.size(); ++i) {
         if (f.righe[i].find('[') == std::string::npos) continue;
         const RigaChiave riga(f.righe[i]);
@@ -182,7 +221,12 @@ std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, std::string_view percorso, N
 }
 
 bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p, NoteLettura* note) {
-    const auto guasto = ProvaFileNodo(nodo, percorso, note);
+    return LeggiFileNodo(nodo, LeggiRighe(percorso), percorso, p, note);
+}
+
+bool LeggiFileNodo(Nodo& nodo, const FileLetto& f, std::string_view percorso, const Piattaforma& p,
+                   NoteLettura* note) {
+    const auto guasto = ProvaFileNodo(nodo, f, percorso, note);
     if (!guasto) return true;
     if (!guasto->apertura) throw ErroreFatale(guasto->cosa, guasto->dove);
     MostraErrore(p, "File: " + PercorsoMostrato(percorso) + "\n" + guasto->cosa,

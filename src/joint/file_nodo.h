@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/file_testo.h"
 #include "joint/nodo.h"
 
 namespace tk07 {
@@ -39,6 +40,9 @@ bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattafor
 // Release stamps of line 1; false when the file cannot be read (with a box if `conMessaggio`).
 bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& releaseFile,
                   bool conMessaggio, const Piattaforma& p);
+// This and the readers below of a file that has been read already.
+bool LeggiRelease(const FileLetto& f, std::string_view percorso, double& releaseArgano,
+                  double& releaseFile, bool conMessaggio, const Piattaforma& p);
 
 // Keyed format: reads what the file holds into `nodo`; a key that it lacks leaves the field, but
 // for Esposizione and TipoVer, which fall to 0. `AttNerv` is true exactly for 1, a count below zero
@@ -47,14 +51,20 @@ bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& rele
 // beyond 16 bits, a text in Esposizione or TipoVer that is no number.
 std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, std::string_view percorso,
                                         NoteLettura* note = nullptr);
+std::optional<GuastoNodo> ProvaFileNodo(Nodo& nodo, const FileLetto& f, std::string_view percorso,
+                                        NoteLettura* note = nullptr);
 // The same as a command: false after a box when the file cannot be opened, a fatal fault for the
 // others.
 bool LeggiFileNodo(Nodo& nodo, std::string_view percorso, const Piattaforma& p,
+                   NoteLettura* note = nullptr);
+bool LeggiFileNodo(Nodo& nodo, const FileLetto& f, std::string_view percorso, const Piattaforma& p,
                    NoteLettura* note = nullptr);
 
 // Positional format of older files. A fault stops the reading without a message and whatever was
 // read stays. A description that cannot stand in a joint file gets "(" for its "[", and is told.
 bool LeggiFileNodoVecchio(Nodo& nodo, std::string_view percorso, const Piattaforma& p,
                           NoteLettura* note = nullptr);
+bool LeggiFileNodoVecchio(Nodo& nodo, const FileLetto& f, std::string_view percorso,
+                          const Piattaforma& p, NoteLettura* note = nullptr);
 
 }  // namespace tk07

@@ -170,7 +170,11 @@ void LeggiTutto(Nodo& n, Lettore& l, NoteLettura& note) {
 
 bool LeggiFileNodoVecchio(Nodo& nodo, std::string_view percorso, const Piattaforma& p,
                           NoteLettura* note) {
-    const FileLetto f = LeggiRighe(percorso);
+    return LeggiFileNodoVecchio(nodo, LeggiRighe(percorso), percorso, p, note);
+}
+
+bool LeggiFileNodoVecchio(Nodo& nodo, const FileLetto& f, std::string_view percorso,
+                          const Piattaforma& p, NoteLettura* note) {
     if (!f.riuscito) {
         MostraErrore(p, "File: " + PercorsoMostrato(percorso) + "\n" + f.errore,
                      "TK07 - LETTURA NON RIUSCITA");

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/file_testo.h"
 #include "joint/nodo.h"
 #include "textnum/unita.h"
 #include "verification/esiti.h"
@@ -42,6 +43,8 @@ RelazioneScritta RelazioneDi(const Nodo& nodo, const Unita& unita, const Risulta
 struct DestinazioneRelazione {
     std::string dirLavoro;
     std::string nomeFile;  // the joint's name without extension
+    Tenuta tenuta = Tenuta::suDisco;
+    NomiPresenti* nomi = nullptr;  // names in `dirLavoro`, of whoever writes many reports
 };
 // Work directory + "\RelSLU_" ("\RelTA_") + codice + "_" + joint's name + ".txt".
 std::string NomeRelazione(const DestinazioneRelazione& dest, const std::string& metodo,

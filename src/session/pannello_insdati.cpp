@@ -352,6 +352,10 @@ void pnn1_aggiorna_sollecitazioni(Sessione& s, int p) {
 }
 
 void AggiornaTutto(Sessione& s) {
+    if (!s.conPannelli) {
+        pnn1_aggiorna_materiali(s);  // which steel a method allows is decided here
+        return;
+    }
     pnn1_aggiorna_profili(s, 0, 0);
     pnn1_aggiorna_NervaturePiastre(s);
     pnn1_aggiorna_materiali(s);

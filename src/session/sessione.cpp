@@ -40,6 +40,21 @@ bool EseguiComando(Sessione& s, const std::function<void()>& comando) {
     }
 }
 
+void Ricomincia(Sessione& s, const Sessione& inizio) {
+    s.nomeFile = inizio.nomeFile;
+    s.nodo = inizio.nodo;
+    s.ris = inizio.ris;
+    s.esiti = inizio.esiti;
+    s.RisultatiValidi = inizio.RisultatiValidi;
+    s.ultimaVerifica = inizio.ultimaVerifica;
+    s.ultimaLettura = inizio.ultimaLettura;
+    s.AcciaioMemoria = inizio.AcciaioMemoria;
+    s.InsDati.titolo = inizio.InsDati.titolo;
+    s.Aggiornamento = inizio.Aggiornamento;
+    s.fine = inizio.fine;
+    s.codiceUscita = inizio.codiceUscita;
+}
+
 std::string ComponiTitolo(const std::string& direttorio, const std::string& file) {
     std::string t = std::string(kTitoloProgramma) + " - LPZ ARGANO e quanta KX " + kReleaseSuite;
     const bool conDirettorio = !direttorio.empty();
@@ -80,13 +95,16 @@ void ScriviUsati(Nodo& n) {
 
 bool ApriNodo(Sessione& s, const std::string& percorso) {
     double releaseArgano = 0.0, releaseFile = 0.0;
-    if (!LeggiRelease(percorso, releaseArgano, releaseFile, true, s.piattaforma)) return false;
+    const FileLetto f = LeggiRighe(percorso);
+    if (!LeggiRelease(f, percorso, releaseArgano, releaseFile, true, s.piattaforma)) return false;
     s.ultimaLettura = NoteLettura{};
     if (releaseFile < 1.0) {
-        if (!LeggiFileNodoVecchio(s.nodo, percorso, s.piattaforma, &s.ultimaLettura)) return false;
+        if (!LeggiFileNodoVecchio(s.nodo, f, percorso, s.piattaforma, &s.ultimaLettura)) {
+            return false;
+        }
         s.nodo.NomiAssenti = NomiSenzaRecord(s, s.nodo);
         ControllaMateriali(s);
-    } else if (!LeggiFileNodo(s.nodo, percorso, s.piattaforma, &s.ultimaLettura)) {
+    } else if (!LeggiFileNodo(s.nodo, f, percorso, s.piattaforma, &s.ultimaLettura)) {
         return false;
     } else {
         s.nodo.NomiAssenti = NomiSenzaRecord(s, s.nodo);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/direttori.h"
+#include "base/nomi_presenti.h"
 #include "base/piattaforma.h"
 #include "bolting/bulloni_temp.h"
 #include "drawing/archivio.h"
@@ -61,7 +62,16 @@ struct Sessione {
 
     bool fine = false;  // the program has ended
     int codiceUscita = 0;
+
+    // For work on many joints without a window.
+    bool conPannelli = true;  // false: an opened joint is not shown on the main panel
+    Tenuta tenutaRelazioni = Tenuta::suDisco;
+    NomiPresenti* nomi = nullptr;  // of the directory that the reports go to; not owned
 };
+
+// Back to how `inizio`, a copy made right after the start-up, stood: for the next joint of a batch
+// that opens and verifies. Libraries, units, options and panels are not touched by that.
+void Ricomincia(Sessione& s, const Sessione& inizio);
 
 // Runs a command inside the boundary that catches a fatal fault: the joint as it stood before is
 // written to the temporary directory, one critical box tells what happened, where, and the recovery

@@ -16,7 +16,8 @@ RisultatoVerifica VerificaConRelazione(const Nodo& n, const Opzioni& opz, const 
     RelazioneScritta testo = RelazioneDi(n, unita, ris, esiti);
     const bool slu = n.MetodoVerifica() == Metodo::SLU;
     const std::string percorso = NomeRelazione(dest, slu ? "SLU" : "TA", "TK07");
-    const std::string errore = ScriviFile(percorso, testo.testo, Codifica::utf8);
+    const std::string errore =
+        ScriviFile(percorso, testo.testo, Codifica::utf8, dest.tenuta, dest.nomi);
     if (!errore.empty()) {
         MostraErrore(p, "Relazione non scritta: " + PercorsoMostrato(percorso) + "\n" + errore);
         return r;
@@ -34,8 +35,9 @@ void VerificaSessione(Sessione& s) {
         return;
     }
     s.piattaforma.puntatore(11);
-    s.ultimaVerifica = VerificaConRelazione(s.nodo, s.opz, s.unita, {s.dir.dirLavoro, s.nomeFile},
-                                            s.ris, s.esiti, s.piattaforma);
+    s.ultimaVerifica = VerificaConRelazione(
+        s.nodo, s.opz, s.unita, {s.dir.dirLavoro, s.nomeFile, s.tenutaRelazioni, s.nomi}, s.ris,
+        s.esiti, s.piattaforma);
     s.RisultatiValidi = s.ultimaVerifica.esito == EsitoVerifica::completata;
     if (s.RisultatiValidi) {
         s.piattaforma.avvia("notepad.exe", {PercorsoPiattaforma(s.ultimaVerifica.relazione)},

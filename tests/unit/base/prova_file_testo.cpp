@@ -7,6 +7,7 @@
 
 #include "aiuti/prova.h"
 #include "base/file_testo.h"
+#include "base/nomi_presenti.h"
 
 namespace tk07 {
 namespace {
@@ -171,6 +172,43 @@ TEST(Percorsi, AreFoundWhateverTheirCaseAndCreatedAsSpelled) {
     EXPECT_EQ(NomeBase("a.b\\nodo"), "nodo");
     EXPECT_TRUE(EliminaFile(base + "\\lavori\\città\\NODO.TK7"));
     EXPECT_FALSE(fs::exists(c / "Lavori/Città/Nodo.TK7"));
+}
+
+// Kept names against listings made anew, while this process and another one change the directory.
+TEST(NomiPresenti, SayWhatAListingWouldSay) {
+    const Cartella c;
+    const std::string dir = (c / "lavoro").string();
+    fs::create_directories(dir);
+    NomiPresenti nomi;
+    const auto confronta = [&](const char* quando) {
+        for (const char* nome : {"relazione.txt", "RELAZIONE.TXT", "Città", "altro", "n7.txt"}) {
+            EXPECT_EQ(nomi.Nome(dir, nome), NomePresente(dir, nome)) << quando << " " << nome;
+        }
+    };
+    const auto fuori = [&](const std::string& comando) {
+        ASSERT_EQ(prova::Esegui("cd " + dir + " && " + comando), 0);
+        confronta(comando.c_str());
+    };
+    confronta("vuoto");
+    EXPECT_EQ(nomi.Nome(dir, "relazione.txt"), std::nullopt);
+    for (int k = 0; k < 300; ++k) {
+        const std::string nome = dir + "/n" + std::to_string(k) + ".txt";
+        ASSERT_EQ(ScriviFile(nome, "x", Codifica::utf8, Tenuta::provvisoria, &nomi), "");
+    }
+    EXPECT_LE(nomi.Elenchi(), 1);  // one listing for all of them
+    fuori("touch Relazione.TXT");
+    EXPECT_EQ(nomi.Nome(dir, "relazione.txt"), "Relazione.TXT");
+    fuori("touch RELAZIONE.txt");
+    EXPECT_EQ(nomi.Nome(dir, "relazione.txt"), "RELAZIONE.txt");  // the first of the two
+    fuori("mv RELAZIONE.txt CITTÀ");
+    fuori("rm Relazione.TXT N7.TXT n7.txt 2>/dev/null; mkdir ALTRO");
+    fuori("mv ../lavoro ../tolto && mkdir ../lavoro && touch ../lavoro/Altro");  // another one here
+    EXPECT_EQ(nomi.Nome(dir, "altro"), "Altro");
+    fuori("for i in $(seq 8300); do : > t$i; done; rm -f t*; touch Relazione.txt");  // queue runs
+                                                                                     // over
+    EXPECT_EQ(PercorsoPiattaforma(dir + "/RELAZIONE.TXT", &nomi), dir + "/Relazione.txt");
+    fs::remove_all(dir);
+    confronta("tolto");
 }
 
 }  // namespace

@@ -172,6 +172,41 @@ TEST(Comandi, FilesDoNotInfluenceEachOther) {
     EXPECT_EQ(u.errori, errori);
     EXPECT_EQ(u.codice, massimo);
     EXPECT_EQ(massimo, 3);
+    const Uscita doppi = t.Esegui("verifica --json --fili 4" + insieme);
+    EXPECT_EQ(doppi.testo + doppi.errori, u.testo + u.errori);
+
+    // On several threads: the same words in the same order, the same reports.
+    std::string molti;
+    for (int k = 0; k < 60; ++k) {
+        const std::string copia = t.Esempio("n" + std::to_string(k));
+        fs::copy(t.Esempio(k % 3 == 0   ? kVerificato
+                           : k % 3 == 1 ? kNonVerificato
+                                        : kInterassi),
+                 copia);
+        molti += " " + copia;
+    }
+    const std::string relazioni = t.radice + "/lavori/esempi";
+    const auto esegui = [&](const std::string& comando) {
+        const Uscita esito = t.Esegui(comando + molti);
+        std::string tutto = std::to_string(esito.codice) + esito.testo + "|" + esito.errori;
+        std::set<fs::path> scritte;
+        for (const auto& e : fs::directory_iterator(relazioni)) {
+            if (e.path().filename().string().starts_with("Rel")) scritte.insert(e.path());
+        }
+        for (const fs::path& p : scritte) {
+            tutto += p.string() + prova::LeggiTesto(p);
+            fs::remove(p);
+        }
+        return tutto;
+    };
+    esegui("verifica");  // takes the reports of the runs above away
+    for (const char* come : {"verifica --csv", "verifica --metodo ta --fermati --stampa"}) {
+        const std::string uno = esegui(come);
+        EXPECT_GT(uno.size(), 100000u);
+        EXPECT_TRUE(esegui(std::string(come) + " --fili 3") == uno) << come;
+    }
+    EXPECT_EQ(t.Esegui("verifica --fili 0" + insieme).codice, 2);
+
     // a fatal fault ends the run
     prova::ScriviTesto(t.Esempio("guasto"), "[ReleaseQuestoFile=1]\n1 [Xbull 101]\n");
     const Uscita g = t.Esegui("controlla " + t.Esempio("guasto") + " " + t.Esempio(kInterassi));
@@ -179,6 +214,13 @@ TEST(Comandi, FilesDoNotInfluenceEachOther) {
     EXPECT_EQ(g.testo, "");
     PretendiUnaRiga(g, t.Esempio("guasto"));
     EXPECT_TRUE(Contiene(g.errori, "riga 2") && Contiene(Minuscolo(g.errori), "xbull"));
+    for (const char* fili : {"1", "3"}) {
+        const Uscita f = t.Esegui(std::string("verifica --fili ") + fili + " " + t.Esempio("n0") +
+                                  " " + t.Esempio("guasto") + molti);
+        EXPECT_EQ(f.codice, 70);
+        EXPECT_EQ(std::count(f.testo.begin(), f.testo.end(), '\n'), 2) << f.testo;
+        EXPECT_TRUE(Contiene(f.errori, "recupero.tk7")) << f.errori;
+    }
 }
 
 TEST(Comandi, ControllaMostraAndTheLibraries) {

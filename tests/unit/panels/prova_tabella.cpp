@@ -95,14 +95,15 @@ void TogliDoppi(Righe& v) {
 // Values a little less than the tolerance apart, so that being alike is not passed on.
 TEST(EliminaDoppiSoll, RandomTablesEndAsThePlainSearch) {
     std::mt19937 g(3);
+    const auto fino = [&](int n) { return std::uniform_int_distribution<int>(0, n)(g); };
     const auto n = std::make_unique<Nodo>();
     for (int giro = 0; giro < 400; ++giro) {
-        const int quanti = giro < 390 ? static_cast<int>(g() % 40) : 492 + giro % 10;
-        const unsigned valori = giro < 390 ? 1 + g() % 12 : 200;
+        const bool grande = giro >= 390;
+        const int quanti = grande ? 492 + giro % 10 : fino(40), valori = grande ? 200 : fino(12);
         Righe v;
         for (int k = 0; k < quanti; ++k) {
-            const double N = g() % 20 == 0 ? std::nan("") : 0.00006 * (g() % valori);
-            v.push_back(Sest(std::to_string(k).c_str(), N, g() % 3, static_cast<short>(g() % 2)));
+            const double N = fino(20) == 0 ? std::nan("") : 0.00006 * fino(valori);
+            v.push_back(Sest(std::to_string(k).c_str(), N, fino(2), static_cast<short>(fino(1))));
         }
         Metti(*n, v);
         TogliDoppi(v);
