@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iostream>
 #include <map>
+#include <set>
 
 #include "base/file_testo.h"
 #include "base/testo.h"
@@ -42,8 +43,8 @@ std::string Verdetto(const Sessione& s) {
            ")";
 }
 
-int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
-                 const std::string& file) {
+int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz, const std::string& file,
+                 const std::string& nome) {
     int codice = ApriFile(s, porta, file);
     const bool aperto = codice == kUscitaOk;
     if (codice == kUscitaOk) {
@@ -51,6 +52,7 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
             if (!opz.metodo.empty()) {
                 ScegliMetodo(s, opz.metodo == "ta" ? Metodo::TA : Metodo::SLU);
             }
+            s.nomeFile = nome;
             VerificaSessione(s);
         });
         if (s.fine) {
@@ -81,25 +83,37 @@ int VerificaFile(Sessione& s, PortaCli& porta, const OpzioniVerifica& opz,
     return codice;
 }
 
+// The name that the report of each file (by its absolute path) goes by. Reports are named after the
+// joint: of two joints of one name the second report gets a name of its own, which is told.
+std::map<std::string, std::string> NomiDelleRelazioni(const std::vector<std::string>& file) {
+    std::map<std::string, std::string> nomi;
+    std::set<std::string> propri, dati;
+    for (const std::string& f : file) propri.insert(Minuscolo(NomeBase(f)));
+    for (const std::string& f : file) {
+        const auto [posto, nuovo] = nomi.emplace(PercorsoAssoluto(f), NomeBase(f));
+        if (!nuovo || dati.insert(Minuscolo(posto->second)).second) continue;
+        std::string altro;
+        for (int k = 2; altro.empty() || propri.contains(Minuscolo(altro)) ||
+                        !dati.insert(Minuscolo(altro)).second;
+             ++k) {
+            altro = NomeBase(f) + "_" + std::to_string(k);
+        }
+        posto->second = altro;
+        Errore(f, "attenzione, un altro nodo ha lo stesso nome: questa relazione si chiama " +
+                      NomeSenzaDirettorio(altro));
+    }
+    return nomi;
+}
+
 }  // namespace
 
 int ComandoVerifica(const Avvio& avvio, const OpzioniVerifica& opz) {
-    // The report is named after the joint: of two joints of one name only the last report stays.
-    std::map<std::string, std::string> nomi;
-    for (const std::string& f : opz.file) {
-        const auto [prima, nuovo] = nomi.emplace(Minuscolo(NomeBase(f)), PercorsoAssoluto(f));
-        if (!nuovo && prima->second != PercorsoAssoluto(f)) {
-            Errore(f, "attenzione, un altro nodo ha lo stesso nome: la sua relazione è riscritta");
-        }
-    }
-    // Two reports of one name must be written in the order of the files.
-    const bool tuttiDiversi = nomi.size() == opz.file.size();
-    return PerOgniFile(
-        avvio, opz.file,
-        [&](Sessione& s, PortaCli& porta, const std::string& f) {
-            return VerificaFile(s, porta, opz, f);
-        },
-        {opz.fermati, opz.apri, tuttiDiversi ? opz.fili : 1, opz.csv ? TestataCsv() : ""});
+    const std::map<std::string, std::string> nomi = NomiDelleRelazioni(opz.file);
+    return PerOgniFile(avvio, opz.file,
+                       [&](Sessione& s, PortaCli& porta, const std::string& f) {
+                           return VerificaFile(s, porta, opz, f, nomi.at(PercorsoAssoluto(f)));
+                       },
+                       {opz.fermati, opz.apri, opz.fili, opz.csv ? TestataCsv() : ""});
 }
 
 int ComandoControlla(const Avvio& avvio, const std::vector<std::string>& file) {

@@ -40,7 +40,7 @@ int CambiaNodo(const Avvio& avvio, const std::string& file, const std::string& u
         if (s.fine && s.codiceUscita == kUscitaOk) s.codiceUscita = kUscitaUso;
         if (s.fine || codice != kUscitaOk || uscita.empty()) return codice;
         ControllaDati(s.nodo, s.opz, s.piattaforma);
-        return ScriviFileNodo(s.nodo, uscita, s.piattaforma) ? codice : kUscitaUso;
+        return ScriviNodo(s, uscita) ? codice : kUscitaUso;
     });
 }
 
@@ -164,8 +164,8 @@ int ComandoImporta(const Avvio& avvio, const OpzioniImporta& opz) {
     return CambiaNodo(avvio, opz.file, opz.uscita, [&](Sessione& s) {
         const int prima = s.nodo.nSollAg;
         const TestiImportazione testi{opz.nodi, opz.aste, opz.casi, opz.condizioni, opz.sestetti};
-        AvvisaAsteAssenti(s, opz);
         if (!ImportaNelNodo(s, testi, opz.maxMin)) return kUscitaUso;
+        AvvisaAsteAssenti(s, opz);
         // Slots that still wait for their extreme: no six-set has matched the lists.
         const bool vuoto =
             opz.maxMin ? std::fabs(s.nodo.SforzoNormale(0)) > 1e19 : s.nodo.nSollAg == prima;

@@ -20,12 +20,15 @@ bool GraficaTavola(const Sessione& s, const std::string& uscita, std::string& er
     opz.spessori = SpessoriPenne(s.opz);
     const Orologio ora = s.piattaforma.orologio();
     const auto due = [](int n) { return QString::number(n).rightJustified(2, QLatin1Char('0')); };
+    const auto testo = [](const std::string& t) {
+        return QString::fromStdString(SenzaControlli(t));
+    };
     Cartiglio c;
     c.programma = QStringLiteral("TK07 - Nodo trave - trave con piastre");
-    c.titolo = QString::fromStdString(TitoloTavola(s.nodo));
-    c.file = QString::fromStdString(s.nomeFile + ".tk7");
-    c.materiali = QString::fromStdString("Acciaio " + Taglia(s.nodo.acciaio.Nome) +
-                                         ", viti classe " + Taglia(s.nodo.vite.Nome));
+    c.titolo = testo(TitoloTavola(s.nodo));
+    c.file = testo(s.nomeFile + ".tk7");
+    c.materiali = testo("Acciaio " + Taglia(s.nodo.acciaio.Nome) + ", viti classe " +
+                        Taglia(s.nodo.vite.Nome));
     c.data = due(ora.giorno) + "/" + due(ora.mese) + "/" + QString::number(ora.anno);
     QString detto;
     if (EsportaTavola(d, c, opz, QString::fromStdString(uscita), detto)) return true;

@@ -138,19 +138,18 @@ int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file,
         if (lotto) esito = lotto->Prendi(i);
         barra.Cancella();
         if (i == 0) Stampa(modo.testata);
-        if (esito && esito->codice == kUscitaFatale) {
-            lotto.reset();  // again, alone: with its messages and the recovery file
-            esito.reset();
-        }
+        // A fatal fault among threads: once more, alone, with its messages and the recovery file.
+        if (esito && esito->codice == kUscitaFatale) esito.reset();
         if (esito) {
             for (const MessaggioUscita& m : esito->detto) m.Scrivi();
             codice = std::max(codice, esito->codice);
         } else {
             if (i > 0) Ricomincia(*banco.s, *inizio);
-            codice = std::max(codice, lavoro(*banco.s, banco.porta, file[i]));
+            int suo = kUscitaOk;
+            EseguiComando(*banco.s, [&] { suo = lavoro(*banco.s, banco.porta, file[i]); });
+            codice = std::max({codice, suo, banco.s->fine ? banco.s->codiceUscita : kUscitaOk});
         }
         std::fflush(stdout);
-        if (codice == kUscitaFatale) break;
         barra.Segna(i + 1);
     }
     if (tanti) {

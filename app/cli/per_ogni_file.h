@@ -21,9 +21,8 @@ struct ModoLotto {
 };
 
 // Does the work on every file. What is said stands in the order of the files, whatever the number
-// of threads; the exit code is the largest. A fatal fault ends the run at its file; other threads
-// may have written reports of files behind it by then. Of more files than one the reports go to the
-// disk together at the end.
+// of threads; the exit code is the largest. A fatal fault ends its own file alone. Of more files
+// than one the reports go to the disk together at the end.
 int PerOgniFile(const Avvio& avvio, const std::vector<std::string>& file,
                 const LavoroSuFile& lavoro, const ModoLotto& modo = {});
 

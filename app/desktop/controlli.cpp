@@ -23,8 +23,12 @@ constexpr VoceTavola kMateriali[] = {
 };
 constexpr VoceTavola kTipo[] = {{"TipoVer", 0, 0, "", 1, 2, 1, 0}};
 constexpr VoceTavola kPiastre[] = {
-    {"GeoPias(0)", 1, 0, "Piastra 1"}, {"GeoPias1", 1, 2},   {"GeoPias(2)", 1, 3},
-    {"GeoPias(3)", 2, 0, "Piastra 2"}, {"GeoPias(4)", 2, 2}, {"GeoPias(5)", 2, 3},
+    {"GeoPias(0)", 1, 0, "Lato trave principale (1)"},
+    {"GeoPias1", 1, 2},
+    {"GeoPias(2)", 1, 3},
+    {"GeoPias(3)", 2, 0, "Lato trave secondaria (2)"},
+    {"GeoPias(4)", 2, 2},
+    {"GeoPias(5)", 2, 3},
     {"ProponiPias", 3, 1, "", 3},
 };
 constexpr VoceTavola kNervature[] = {

@@ -272,7 +272,8 @@ QWidget* FinestraPrincipale::ComponiSinistra() {
     if (auto* l = qobject_cast<QLabel*>(legame_->Elemento("GeoPias1"))) {
         l->setAlignment(Qt::AlignCenter);
     }
-    Intesta(gruppi[4], 0, {{1, "h1"}, {2, "h2"}, {3, "b"}, {4, "Spessore"}});
+    Intesta(gruppi[4], 0,
+            {{1, "Altezza h1:"}, {2, "Altezza h2:"}, {3, "Larghezza b"}, {4, "Spessore"}});
     Intesta(gruppi[4], 3, {{0, "Nervatura 3"}});
     colonne[0]->addStretch(1);
     colonne[1]->addStretch(1);
@@ -368,7 +369,10 @@ void FinestraPrincipale::MostraRelazione(const QString& percorso) {
 
 void FinestraPrincipale::Aggiorna() {
     const Sessione& s = pilota_.LaSessione();
-    setWindowTitle(Q(s.InsDati.titolo));
+    // The caption is the session's; the star comes and goes with the placeholder.
+    setWindowTitle(Q(s.InsDati.titolo).replace(QLatin1String("[*]"), QLatin1String("[*][*]")) +
+                   QStringLiteral("[*]"));
+    setWindowModified(pilota_.DaSalvare());
     legame_->Aggiorna();
     MostraProfili(s.nodo, *sezioni_[0], *sezioni_[1]);
     schema_->update();
@@ -382,6 +386,7 @@ void FinestraPrincipale::AggiornaDisegno() {
     vista_->Mostra(pilota_.NodoMostrato(), pilota_.LaSessione().opz.ValOpz(kOpzTollForo));
     riepilogo_->Aggiorna();
     if (schede_->currentIndex() == 2) schema_->update();
+    setWindowModified(pilota_.DaSalvare());
 }
 
 void FinestraPrincipale::AggiornaColori() {

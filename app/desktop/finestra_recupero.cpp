@@ -77,6 +77,19 @@ void FinestraRecupero::Recupera() {
     accept();
 }
 
+void OffriRecupero(Pilota& pilota, QWidget* padre) {
+    const std::vector<CopiaTrovata> copie = TrovaCopie(pilota.LaSessione());
+    if (copie.empty()) return;
+    const std::string testo =
+        "L'ultima esecuzione non è finita bene. La copia più recente del suo nodo:\n" +
+        copie.front().nomeFile + ", " + copie.front().data + ", " + copie.front().riassunto +
+        "\nMostrare le copie da recuperare?";
+    if (pilota.LaSessione().piattaforma.messaggio(testo, kTitoloProgramma, Segno::domanda,
+                                                  Pulsanti::OKAnnulla) == Risposta::OK) {
+        FinestraRecupero(pilota, padre).exec();
+    }
+}
+
 void FinestraRecupero::Elimina() {
     QList<int> righe;
     for (const QModelIndex& m : tabella_->selectionModel()->selectedRows()) righe << m.row();

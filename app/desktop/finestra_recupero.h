@@ -32,4 +32,7 @@ class FinestraRecupero : public QDialog {
     std::vector<CopiaTrovata> copie_;
 };
 
+// After a run that broke off: asks whether its copies should be shown, if there are any.
+void OffriRecupero(Pilota& pilota, QWidget* padre);
+
 }  // namespace tk07::desktop

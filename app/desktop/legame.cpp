@@ -14,12 +14,14 @@
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "base/testo.h"
 #include "desktop/numero.h"
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
+#include "modelimport/liste.h"
 #include "session/gestori.h"
 #include "session/importazione.h"
 
@@ -49,10 +51,16 @@ bool Numerico(const std::string& base) {
     }
     return true;
 }
-// Fields that the session reads strictly: what is no number would end the program.
+// Fields whose text must be a number: those that the session reads strictly, where another text
+// would end the program, and those of the list of bolts, where it would send a bolt to 0.
 bool Stretto(const std::string& base) {
-    return base == "Tb_deltaX" || base == "Tb_deltaY" || base == "Tb_diam";
+    for (const char* nome : {"Tb_deltaX", "Tb_deltaY", "Tb_diam", "Xbul", "Ybul", "Fibul"}) {
+        if (base == nome) return true;
+    }
+    return false;
 }
+// Fields that hold a list of numbers.
+bool DiNumeri(const std::string& base) { return !Numerico(base) && base != "Tb_sol_descr"; }
 
 // The decimal comma becomes the point that the fields read, with the caret where it was.
 void CorreggiVirgola(QLineEdit* campo) {
@@ -236,6 +244,9 @@ void Legame::Collega(const std::string& nome, TipoControllo tipo, QObject* ogget
             if (Numerico(DividiNome(nome).base)) {
                 CorreggiVirgola(campo);
                 SegnaNumero(campo);
+            } else if (DiNumeri(DividiNome(nome).base)) {
+                std::vector<short> voci;
+                Segna(campo, LeggiLista(S(campo->text()), voci));
             }
             if (pannello_ == "InsDati") pilota_.TestoInCorso(nome, S(campo->text()));
         });
@@ -276,9 +287,12 @@ bool Legame::eventFilter(QObject* oggetto, QEvent* evento) {
 
 // A text that is not wholly a number stands out while it is typed: only its beginning counts.
 void Legame::SegnaNumero(QLineEdit* campo) {
-    const bool numero = campo->text().trimmed().isEmpty() || SoloNumero(campo->text());
+    Segna(campo, campo->text().trimmed().isEmpty() || SoloNumero(campo->text()));
+}
+
+void Legame::Segna(QLineEdit* campo, bool buono) {
     QPalette p;
-    if (!numero) {
+    if (!buono) {
         const bool scuro = p.color(QPalette::Base).lightness() < 128;
         p.setColor(QPalette::Text, scuro ? QColor(255, 120, 120) : QColor(198, 40, 40));
     }
@@ -295,9 +309,15 @@ bool Legame::TestoAccettabile(QLineEdit* campo, const std::string& nome, int tas
         campo->setText(Q(P()[nome].testo));
         SegnaNumero(campo);
         if (tasto != kEsc) {
-            Q_EMIT pilota_.avviso(QStringLiteral("\"%1\" non può essere preso come numero: resta "
-                                                 "il valore di prima")
-                                      .arg(testo.left(40)));
+            const QString detto = QStringLiteral(
+                                      "\"%1\" non può essere preso come numero: resta il "
+                                      "valore di prima")
+                                      .arg(testo.left(40));
+            Q_EMIT pilota_.avviso(detto);
+            // The line that tells is behind the panel's window.
+            if (pannello_ != "InsDati") {
+                QToolTip::showText(campo->mapToGlobal(QPoint(0, campo->height())), detto, campo);
+            }
         }
         return false;
     }

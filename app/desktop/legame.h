@@ -82,6 +82,7 @@ class Legame : public QObject {
     bool TestoAccettabile(QLineEdit* campo, const std::string& nome, int tasto);
     bool Consentito(const std::string& pulsante);
     static void SegnaNumero(QLineEdit* campo);
+    static void Segna(QLineEdit* campo, bool buono);
 
     Pilota& pilota_;
     std::string pannello_;

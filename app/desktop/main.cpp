@@ -30,6 +30,6 @@ int main(int argc, char** argv) {
         if (a == "-h" || a == "--help") return std::fputs(kAiuto, stdout) < 0 ? 2 : 0;
         if (a == "--version") return std::fputs("TK07 " TK07_VERSIONE "\n", stdout) < 0 ? 2 : 0;
     }
-    QApplication app(argc, argv);
+    tk07::desktop::Applicazione app(argc, argv);
     return tk07::desktop::EseguiGui(app, QCoreApplication::arguments());
 }

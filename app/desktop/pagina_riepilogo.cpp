@@ -154,7 +154,16 @@ PaginaRiepilogo::PaginaRiepilogo(Pilota& pilota, QWidget* padre)
         if (s < 0) return;
         Q_EMIT vaiAllaRelazione(s, Q(TogliCR(pilota_.NodoDegliEsiti().NomeSa(s))));
     });
+    // A steel that changed with the method: in the verdict's line until it was seen.
+    acciaio_ = new QLabel(this);
+    acciaio_->setObjectName(QStringLiteral("AcciaioCambiato"));
+    auto* visto = new QPushButton(QStringLiteral("Visto"), this);
+    visto->setObjectName(QStringLiteral("AcciaioVisto"));
+    connect(visto, &QPushButton::clicked, &pilota_, &Pilota::AcciaioVisto);
+    visto_ = visto;
     testata->addWidget(esito_);
+    testata->addWidget(acciaio_);
+    testata->addWidget(visto_);
     testata->addStretch(1);
     testata->addWidget(vivo);
     testata->addWidget(relazione);
@@ -220,6 +229,11 @@ void PaginaRiepilogo::Aggiorna() {
     modello_->Metti(valido ? pilota_.GliEsiti() : vuoto, pilota_.NodoDegliEsiti());
     if (sestettoScelto_ >= 0 && Scelta() < 0) Scegli(sestettoScelto_);
     aggiornando_ = false;
+
+    const auto& [prima, ora] = pilota_.AcciaioCambiato();
+    acciaio_->setText(QStringLiteral("Acciaio: era %1, ora è %2").arg(Q(prima), Q(ora)));
+    acciaio_->setVisible(!ora.empty());
+    visto_->setVisible(!ora.empty());
 
     const bool aggiornato = pilota_.ComeRelazione();
     const Esiti& r = valido ? pilota_.GliEsiti() : vuoto;

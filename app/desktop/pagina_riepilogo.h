@@ -60,6 +60,8 @@ class PaginaRiepilogo : public QWidget {
     void Apri(const QModelIndex& indice);
 
     Pilota& pilota_;
+    QLabel* acciaio_ = nullptr;
+    QWidget* visto_ = nullptr;
     ModelloRiepilogo* modello_;
     QSortFilterProxyModel* ordinato_;
     QTableView* tabella_;

@@ -270,7 +270,7 @@ void PannelloSecondario::closeEvent(QCloseEvent* evento) {
 
 void PannelloSecondario::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Escape) {
-        // Bolts that are being placed are not thrown away by a key.
+        // Bolts that are being placed are not thrown away by a key; elsewhere it is Cancel.
         if (pianta_ == nullptr) {
             close();
         } else {

@@ -15,6 +15,18 @@ namespace tk07::desktop {
 
 namespace {
 
+// Counts the commands that are under way, whatever ends them.
+class InCorso {
+  public:
+    explicit InCorso(int& quanti) : quanti_(quanti) { ++quanti_; }
+    ~InCorso() { --quanti_; }
+    InCorso(const InCorso&) = delete;
+    InCorso& operator=(const InCorso&) = delete;
+
+  private:
+    int& quanti_;
+};
+
 constexpr int kCopiaOgni = 30'000;  // ms: two copies in turn, never older than a minute
 
 }  // namespace
@@ -23,7 +35,8 @@ Pilota::Pilota(QObject* padre)
     : QObject(padre),
       s_(std::make_unique<Sessione>()),
       mostrato_(std::make_unique<Nodo>()),
-      nodoVerificato_(std::make_unique<Nodo>()) {
+      nodoVerificato_(std::make_unique<Nodo>()),
+      salvato_(std::make_unique<Nodo>()) {
     copia_.setObjectName(QStringLiteral("CopiaAutomatica"));
     copia_.setInterval(kCopiaOgni);
     connect(&copia_, &QTimer::timeout, this, &Pilota::CopiaOra);
@@ -48,7 +61,7 @@ bool Pilota::Avvia(const struct Avvio& avvio) {
     const QString segno = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddHHmmss")) +
                           QLatin1Char('p') + QString::number(QCoreApplication::applicationPid());
     copie_ = std::make_unique<CopieAutomatiche>(s_->dir.dirTemp, S(segno));
-    *mostrato_ = s_->nodo;
+    *mostrato_ = *salvato_ = s_->nodo;
     Esamina();
     return true;
 }
@@ -84,9 +97,22 @@ void Pilota::Fai(const QString& cosa, const std::function<void()>& comando) {
     }
     Storia::Stato prima = Storia::Fotografa(*s_);
     s_->ultimaLettura = NoteLettura{};
-    ++inCorso_;
-    comando();
-    --inCorso_;
+    const std::string acciaio = s_->nodo.acciaio.Nome;
+    const Metodo metodo = s_->nodo.MetodoVerifica();
+    const FileDelNodo file = s_->file;
+    {
+        const InCorso guardia(inCorso_);
+        comando();
+    }
+    // A file was opened or written, unless it is a copy that was recovered.
+    const bool altroFile = s_->file.percorso != file.percorso || s_->file.impronta != file.impronta;
+    if (altroFile && conosciuti_.contains(PercorsoPiattaforma(s_->file.percorso))) {
+        *salvato_ = s_->nodo;
+    }
+    // The panel keeps a steel for each method: the one that comes back is named.
+    if (!altroFile && s_->nodo.MetodoVerifica() != metodo && s_->nodo.acciaio.Nome != acciaio) {
+        acciaioCambiato_ = {Taglia(acciaio), Taglia(s_->nodo.acciaio.Nome)};
+    }
     const bool passo = storia_.Registra(*s_, std::move(prima), S(cosa));
     if (passo && !copia_.isActive()) copia_.start();
     DopoComando();
@@ -95,9 +121,10 @@ void Pilota::Fai(const QString& cosa, const std::function<void()>& comando) {
 
 void Pilota::Muovi(const std::function<void()>& comando) {
     if (s_->fine) return;
-    ++inCorso_;
-    comando();
-    --inCorso_;
+    {
+        const InCorso guardia(inCorso_);
+        comando();
+    }
     if (inCorso_ == 0) Q_EMIT mosso();
 }
 
@@ -109,6 +136,7 @@ void Pilota::DopoComando() {
         haVerifica_ = true;
     }
     scrivendo_ = false;
+    if (Taglia(s_->nodo.acciaio.Nome) != acciaioCambiato_.second) acciaioCambiato_ = {};
     *mostrato_ = s_->nodo;
     Esamina();
     Q_EMIT cambiato();
@@ -136,6 +164,7 @@ void Pilota::TestoInCorso(const std::string& campo, const std::string& testo) {
     if (!NumeroIniziale(testo)) return;  // beyond every range: told when the field is left
     MettiCampo(*s_, DividiNome(campo), testo, *mostrato_);
     scrivendo_ = true;
+    if (!copia_.isActive()) copia_.start();  // from the first key on
     Esamina();
     Q_EMIT anteprimaCambiata();
 }
@@ -143,18 +172,20 @@ void Pilota::TestoInCorso(const std::string& campo, const std::string& testo) {
 void Pilota::Annulla() {
     if (inCorso_ > 0 || s_->pila.size() > 1) return;
     if (lascia_) lascia_();
-    ++inCorso_;
-    EseguiComando(*s_, [&] { storia_.Annulla(*s_); });
-    --inCorso_;
+    {
+        const InCorso guardia(inCorso_);
+        EseguiComando(*s_, [&] { storia_.Annulla(*s_); });
+    }
     DopoComando();
 }
 
 void Pilota::Ripeti() {
     if (inCorso_ > 0 || s_->pila.size() > 1) return;
     if (lascia_) lascia_();
-    ++inCorso_;
-    EseguiComando(*s_, [&] { storia_.Ripeti(*s_); });
-    --inCorso_;
+    {
+        const InCorso guardia(inCorso_);
+        EseguiComando(*s_, [&] { storia_.Ripeti(*s_); });
+    }
     DopoComando();
 }
 
@@ -227,13 +258,52 @@ void Pilota::AvvisaLetturaParziale() {
     MostraAvviso(s_->piattaforma, testo + ": controllare ogni pagina, o annullare.");
 }
 
-void Pilota::Conosci(const std::string& file) { conosciuti_.insert(PercorsoPiattaforma(file)); }
+void Pilota::Conosci(const std::string& file) {
+    conosciuti_[PercorsoPiattaforma(file)] = ImprontaFile(file);
+}
+
+bool Pilota::DaSalvare() const { return scrivendo_ || !StessoNodo(*salvato_, s_->nodo); }
+
+void Pilota::AcciaioVisto() {
+    acciaioCambiato_ = {};
+    Q_EMIT anteprimaCambiata();
+}
+
+// Why Save must not go on without a question; empty: nothing speaks against it.
+std::string Pilota::PercheChiedere(const std::string& file) const {
+    std::string perche;
+    const auto noto = conosciuti_.find(file);
+    const bool esiste = EsisteFile(file);
+    if (noto == conosciuti_.end()) {
+        perche += esiste ? "\nEsiste già, e non è stato aperto né salvato da questa finestra."
+                         : "\nNon esiste ancora.";
+    } else if (esiste && ImprontaFile(file) != noto->second) {
+        perche += "\nÈ cambiato su disco da quando è stato aperto o salvato qui.";
+    }
+    if (!s_->file.percorso.empty() && PercorsoPiattaforma(s_->file.percorso) != file) {
+        perche += "\nIl nodo viene da " + PercorsoMostrato(s_->file.percorso) + ".";
+    }
+    return perche;
+}
 
 void Pilota::Salva(const std::string& pulsante) {
     std::string file;
     if (pulsante == "Bt_salva") {
         file = PercorsoPiattaforma(s_->dir.dirLavoro + "\\" + s_->nomeFile + ".tk7");
-        if (conosciuti_.count(file) == 0 && EsisteFile(file) && copie_) {
+        if (const std::string perche = PercheChiedere(file); !perche.empty()) {
+            const std::string testo =
+                "Salvare il nodo in " + PercorsoMostrato(file) + " ?" + perche;
+            Salvare risposta = Salvare::rinuncia;
+            if (chiediSalva) {
+                risposta = chiediSalva(Q(testo));
+            } else if (s_->piattaforma.messaggio(testo, kTitoloProgramma, Segno::domanda,
+                                                 Pulsanti::OKAnnulla) == Risposta::OK) {
+                risposta = Salvare::scrivi;
+            }
+            if (risposta == Salvare::conNome) return Salva("Bt_salva_con_nome");
+            if (risposta == Salvare::rinuncia) return;
+        }
+        if (!conosciuti_.contains(file) && EsisteFile(file) && copie_) {
             const std::string errore = copie_->Conserva(file);
             Q_EMIT avviso(errore.empty()
                               ? QStringLiteral("Il file di prima è in File, Recupera")
@@ -257,7 +327,7 @@ void Pilota::Salva(const std::string& pulsante) {
 
 void Pilota::CopiaOra() {
     if (!copie_ || inCorso_ > 0) return;
-    const std::string errore = copie_->Scrivi(*s_);
+    const std::string errore = copie_->Scrivi(*s_, scrivendo_ ? *mostrato_ : s_->nodo);
     if (!errore.empty()) {
         Q_EMIT avviso(QStringLiteral("Copia automatica non riuscita: ") + Q(errore));
     }

@@ -5,9 +5,10 @@
 #include <QString>
 #include <QTimer>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
+#include <utility>
 
 #include "session/recupero.h"
 #include "session/sessione.h"
@@ -68,12 +69,24 @@ class Pilota : public QObject {
     // Time of the last redraw of the judgement [ms].
     double UltimoEsameMs() const { return ultimoMs_; }
 
+    // Whether the joint, or a text being typed, differs from what was read or written last.
+    bool DaSalvare() const;
+    // The steel before and after a change of method that changed it too, until it is acknowledged
+    // or undone; both empty: none.
+    const std::pair<std::string, std::string>& AcciaioCambiato() const { return acciaioCambiato_; }
+    void AcciaioVisto();
+
     // The file chosen last in a dialog; empty before.
     const std::string& UltimoFile() const { return ultimoFile_; }
-    // Presses one of the two save buttons and tells where the joint was written. A file of the job
-    // that this run has neither opened nor written is another's work: it is kept among the
+    // Presses one of the two save buttons and tells where the joint was written. Save asks first
+    // (ChiediSalva) where the file is one that this run neither opened nor wrote, has changed on
+    // disk since, or is elsewhere than where the joint came from. Another's file is kept among the
     // automatic copies before it is replaced.
     void Salva(const std::string& pulsante);
+    // What asks before Save: the file and the reasons, in words. Until one is set, a box of the
+    // session's port with OK and Cancel.
+    enum class Salvare { scrivi, conNome, rinuncia };
+    std::function<Salvare(const QString& testo)> chiediSalva;
     // Whether a joint file can be opened without a fatal fault; told when not.
     bool Leggibile(const std::string& file) const;
     // The joint was read from that file: saving over it takes nobody by surprise.
@@ -92,6 +105,7 @@ class Pilota : public QObject {
 
   private:
     void DopoComando();
+    std::string PercheChiedere(const std::string& file) const;
     void AvvisaLetturaParziale();
     void Esamina();
 
@@ -106,7 +120,11 @@ class Pilota : public QObject {
     bool scrivendo_ = false;  // a text is being typed, and the joint shown has it
     int inCorso_ = 0;
     std::string ultimoFile_;
-    std::set<std::string> conosciuti_;  // files opened or written by this run
+    // Files opened or written by this run, with the fingerprint of what they held then.
+    std::map<std::string, std::optional<std::uint64_t>> conosciuti_;
+    std::unique_ptr<Nodo> salvato_;  // the joint as it was read or written last
+    FileDelNodo fileVisto_;
+    std::pair<std::string, std::string> acciaioCambiato_;
     double ultimoMs_ = 0.0;
     std::string pannelloInMano_, campo_;
     std::function<void()> lascia_;

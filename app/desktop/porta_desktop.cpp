@@ -16,6 +16,7 @@
 #include "desktop/testo_qt.h"
 #include "finestre/servizio_finestra.h"
 #include "guscio/porta_cli.h"
+#include "joint/file_nodo.h"
 
 namespace tk07::desktop {
 
@@ -65,7 +66,11 @@ std::optional<FileScelto> Scegli(QWidget* padre, const RichiestaFile& r) {
     d.setFileMode(salva ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!r.chiediSovrascrittura) d.setOption(QFileDialog::DontConfirmOverwrite);
     d.setDefaultSuffix(Q(r.estensione));
-    const QStringList filtri = Filtri(r.filtro);
+    // "Save as" gives names in .tk17 too: what was saved is found again.
+    std::string filtro = r.filtro;
+    if (!salva && filtro == kFiltroNodo)
+        filtro = SostituisciTesto(filtro, "|*.tk7|", "|*.tk7 *.tk17|");
+    const QStringList filtri = Filtri(filtro);
     if (!filtri.isEmpty()) d.setNameFilters(filtri);
     if (salva && EstensioneDi(filtri.value(0)) == Q(r.estensione)) {
         // The name follows the kind of file that is chosen.

@@ -4,13 +4,19 @@
 #include <QFontDatabase>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QMessageBox>
 #include <QTimer>
 #include <QTranslator>
 #include <clocale>
+#include <new>
+#include <set>
 
+#include "base/errore.h"
 #include "base/testo.h"
 #include "desktop/finestra_principale.h"
+#include "desktop/finestra_recupero.h"
 #include "desktop/finestra_trova.h"
+#include "desktop/in_corsa.h"
 #include "desktop/pilota.h"
 #include "desktop/porta_desktop.h"
 #include "desktop/primo_avvio.h"
@@ -18,6 +24,53 @@
 #include "guscio/programma.h"
 
 namespace tk07::desktop {
+
+bool Applicazione::notify(QObject* oggetto, QEvent* evento) {
+    std::string cosa;
+    try {
+        return QApplication::notify(oggetto, evento);
+    } catch (const std::bad_alloc&) {
+        cosa = "memoria esaurita";
+    } catch (const ErroreFatale& e) {
+        cosa = e.what() + (e.Dove().empty() ? "" : "\nin " + e.Dove());
+    } catch (const std::exception& e) {
+        cosa = "errore interno (" + std::string(e.what()) + ")";
+    } catch (...) {
+        cosa = "errore interno";
+    }
+    if (guasto) guasto(cosa);
+    return false;
+}
+
+namespace {
+
+// What a window let through: the joint goes to the automatic copies at once. A fault that comes
+// back with every repaint is told once.
+void Racconta(Pilota& pilota, const std::string& cosa, std::set<std::string>& detti) {
+    pilota.CopiaOra();
+    if (!detti.insert(cosa).second) return;
+    QTimer::singleShot(0, &pilota, [&pilota, cosa] {
+        MostraErrore(pilota.LaSessione().piattaforma,
+                     "Qualcosa non è andato a buon fine: " + cosa +
+                         "\nIl nodo è tra le copie automatiche (File, Recupera). Salvarlo con un "
+                         "altro nome e riavviare il programma.");
+    });
+}
+
+Pilota::Salvare ChiediSalva(QWidget* finestra, const QString& testo) {
+    QMessageBox box(QMessageBox::Question, Q(kTitoloProgramma), testo, QMessageBox::NoButton,
+                    finestra);
+    box.setTextFormat(Qt::PlainText);
+    const auto* scrivi = box.addButton(QStringLiteral("&Salva"), QMessageBox::AcceptRole);
+    const auto* conNome =
+        box.addButton(QStringLiteral("Salva &con nome..."), QMessageBox::ActionRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    if (box.clickedButton() == scrivi) return Pilota::Salvare::scrivi;
+    return box.clickedButton() == conNome ? Pilota::Salvare::conNome : Pilota::Salvare::rinuncia;
+}
+
+}  // namespace
 
 void PreparaApplicazione(QApplication& app) {
     std::setlocale(LC_NUMERIC, "C");  // the toolkit has taken over the user's
@@ -87,16 +140,31 @@ int EseguiGui(QApplication& app, const QStringList& argomenti) {
         return codice != 0 ? codice : kUscitaAvvio;
     }
     finestra = std::make_unique<FinestraPrincipale>(pilota);
+    pilota.chiediSalva = [&finestra](const QString& testo) {
+        return ChiediSalva(finestra.get(), testo);
+    };
+    std::set<std::string> guasti;
+    if (auto* nostra = qobject_cast<Applicazione*>(&app)) {
+        nostra->guasto = [&pilota, &guasti](const std::string& cosa) {
+            Racconta(pilota, cosa, guasti);
+        };
+    }
     int codice = 0;
     QObject::connect(&pilota, &Pilota::finito, &app, [&](int c) {
         codice = c;
         QCoreApplication::exit(c);
     });
     finestra->show();
+    InCorsa inCorsa(pilota.LaSessione().dir.dirTemp);
+    if (inCorsa.AltraInterrotta()) {
+        QTimer::singleShot(0, finestra.get(),
+                           [&pilota, &finestra] { OffriRecupero(pilota, finestra.get()); });
+    }
     if (const std::string file = FileDaAprire(argomenti); !file.empty()) {
         QTimer::singleShot(0, finestra.get(), [&finestra, file] { finestra->ApriFile(file); });
     }
     QApplication::exec();
+    if (codice != 0) inCorsa.LasciaIlSegno();
     finestra.reset();
     return codice;
 }

@@ -1,12 +1,24 @@
 #pragma once
 
+#include <QApplication>
 #include <QString>
+#include <functional>
+#include <string>
 
 #include "base/direttori.h"
 
-class QApplication;
-
 namespace tk07::desktop {
+
+// The application: an exception that a window lets through is told and the joint saved aside
+// (`guasto`), and the windows go on.
+class Applicazione : public QApplication {
+    Q_OBJECT
+
+  public:
+    using QApplication::QApplication;
+    bool notify(QObject* oggetto, QEvent* evento) override;
+    std::function<void(const std::string& cosa)> guasto;
+};
 
 // Font, Italian texts of the standard buttons and dialogs. Once, before the first window.
 void PreparaApplicazione(QApplication& app);

@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/testo.h"
+
 namespace tk07 {
 
-void Stampa(const std::string& testo) { std::fwrite(testo.data(), 1, testo.size(), stdout); }
+void Stampa(const std::string& testo) {
+    const std::string t = SenzaControlli(testo, Righe::tante);
+    std::fwrite(t.data(), 1, t.size(), stdout);
+}
 
 Banco::Banco(const Avvio& avvio) {
     porta.prefisso = "tk07";

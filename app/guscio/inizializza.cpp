@@ -11,7 +11,8 @@ namespace fs = std::filesystem;
 std::string InizializzaAlbero(const std::string& origine, const std::string& destinazione) {
     std::error_code ec;
     const fs::path da(PercorsoPiattaforma(origine));
-    const fs::path a = fs::weakly_canonical(fs::absolute(PercorsoPiattaforma(destinazione)), ec);
+    const fs::path a =
+        fs::weakly_canonical(fs::absolute(PercorsoMostrato(destinazione)), ec);  // as spelled
     if (!fs::is_directory(da / "custom", ec)) {
         return "librerie di partenza non trovate in " + da.string();
     }

@@ -23,7 +23,7 @@ std::string SuUnaRiga(const std::string& testo) {
     std::string t = testo;
     std::replace_if(
         t.begin(), t.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return t;
+    return SenzaControlli(t);
 }
 
 void MessaggioUscita::Scrivi() const {

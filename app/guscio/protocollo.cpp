@@ -221,6 +221,8 @@ std::string Protocollo::Rispondi(const std::string& riga) {
         errore = e.testo;
     } catch (const Json::exception& e) {
         errore = std::string("richiesta errata: ") + e.what();
+    } catch (...) {  // what no command holds back ends the session as a command's fault does
+        EseguiComando(stato_->s, [] { throw; });
     }
     return stato_->Esito(errore, valore);
 }

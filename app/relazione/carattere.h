@@ -5,6 +5,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "base/testo.h"
+
 class QPainter;
 class QPointF;
 
@@ -37,6 +39,8 @@ class Carattere {
     mutable std::unordered_map<char16_t, double> larghezze_;
 };
 
-inline QString DaUtf8(const std::string& t) { return QString::fromStdString(t); }
+inline QString DaUtf8(const std::string& t) {
+    return QString::fromStdString(SenzaControlli(t, Righe::tante));
+}
 
 }  // namespace tk07

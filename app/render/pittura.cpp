@@ -12,6 +12,8 @@
 #include <numeric>
 #include <optional>
 
+#include "base/testo.h"
+
 namespace tk07 {
 
 namespace {
@@ -309,7 +311,7 @@ GeometriaArco LeggiArco(const Disegno& d, const ArcoDis& a) {
 }
 
 QString TestoMostrato(const std::string& testo) {
-    return QString::fromStdString(testo).replace(QLatin1Char(']'), QChar(0x00D8));
+    return QString::fromStdString(SenzaControlli(testo)).replace(QLatin1Char(']'), QChar(0x00D8));
 }
 
 std::array<QPointF, 4> RiquadroTesto(const Disegno& d, const TestoDis& t) {

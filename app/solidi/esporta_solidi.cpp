@@ -26,10 +26,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <random>
 
 #include "base/file_testo.h"
 #include "base/piattaforma.h"
+#include "base/scrittura.h"
 #include "base/testo.h"
 
 namespace tk07 {
@@ -98,16 +98,6 @@ std::string NomeStep(const std::string& testo) {
     return fuori ? r + kFine : r;
 }
 
-bool RimettiBarre(const std::string& file) {
-    std::ifstream lettura(file, std::ios::binary);
-    std::string testo((std::istreambuf_iterator<char>(lettura)), {});
-    if (testo.find(kBarra) == std::string::npos) return true;
-    std::replace(testo.begin(), testo.end(), kBarra, '\\');
-    std::ofstream scrittura(file, std::ios::binary | std::ios::trunc);
-    scrittura.write(testo.data(), static_cast<std::streamsize>(testo.size()));
-    return scrittura.flush().good();
-}
-
 // An assembly with one component a part.
 Handle(TDocStd_Document)
     Documento(const std::vector<Parte>& parti, const std::string& titolo, Nomi nomi) {
@@ -143,10 +133,12 @@ bool Step(const std::vector<Parte>& parti, const std::string& titolo, const std:
         return new TCollection_HAsciiString(NomeStep(t).c_str());
     };
     testata.SetName(testo(titolo));
+    // The same joint gives the same bytes, whenever it is written.
+    testata.SetTimeStamp(new TCollection_HAsciiString("2000-01-01T00:00:00"));
     testata.SetAuthorValue(1, testo(""));  // the toolkit names itself there
     testata.SetOrganizationValue(1, testo(""));
     testata.SetOriginatingSystem(testo(kTitoloProgramma));
-    return scrittore.Write(file.c_str()) == IFSelect_RetDone && RimettiBarre(file);
+    return scrittore.Write(file.c_str()) == IFSelect_RetDone;
 }
 
 bool Glb(const std::vector<Parte>& parti, const std::string& titolo, const std::string& file) {
@@ -185,16 +177,6 @@ const Formato* FormatoDi(const std::string& file) {
     return nullptr;
 }
 
-// A name beside `dove` that no file has.
-fs::path NomeProvvisorio(const fs::path& dove, const std::string& estensione) {
-    std::random_device caso;
-    for (;;) {
-        const fs::path p = dove.parent_path() / (".tk07_" + std::to_string(caso()) + estensione);
-        std::error_code e;
-        if (!fs::exists(p, e)) return p;
-    }
-}
-
 }  // namespace
 
 void Reticola(const std::vector<Parte>& parti) {
@@ -215,29 +197,27 @@ bool EsportaSolidi(const std::vector<Parte>& parti, const std::string& titolo,
     const Formato* formato = FormatoDi(file);
     if (formato == nullptr) return guasto("formato non riconosciuto (step, glb, stl)");
     if (parti.empty()) return guasto("nessun solido da scrivere");
-    const fs::path dove(PercorsoPiattaforma(file));
-    const fs::path qui = NomeProvvisorio(dove, formato->estensione);
-    std::error_code e;
-    if (fs::is_directory(dove, e)) return guasto("file non scritto: è una cartella");
-    if (!dove.parent_path().empty() && !fs::is_directory(dove.parent_path(), e)) {
-        return guasto("file non scritto: la cartella non esiste");
+    // The toolkit writes where nobody else does; what it wrote goes to its place like all files.
+    const DirettorioPrivato banco;
+    if (banco.Percorso().empty()) {
+        return guasto("file non scritto: direttorio provvisorio: " +
+                      MessaggioSistema(banco.Errore()));
     }
+    const std::string qui = banco.Percorso() + "/solidi" + formato->estensione;
     bool fatto = false;
     std::string perche;
     try {
         const Silenzio silenzio;
-        fatto = formato->scrivi(parti, titolo, qui.string()) && fs::file_size(qui, e) > 0 && !e;
+        fatto = formato->scrivi(parti, titolo, qui);
     } catch (const Standard_Failure& f) {
         perche = std::string(": ") + f.GetMessageString();
     }
-    if (fatto) {
-        fs::rename(qui, dove, e);
-        if (e) perche = ": " + MessaggioSistema(e.value());
-        fatto = !e;
-    }
-    if (fatto) return true;
-    fs::remove(qui, e);
-    return guasto("file non scritto" + perche);
+    std::ifstream lettura(qui, std::ios::binary);
+    std::string bytes((std::istreambuf_iterator<char>(lettura)), {});
+    if (!fatto || bytes.empty()) return guasto("file non scritto" + perche);
+    if (formato->scrivi == Step) std::replace(bytes.begin(), bytes.end(), kBarra, '\\');
+    const std::string detto = ScriviFile(file, bytes, Codifica::utf8);
+    return detto.empty() || guasto("file non scritto: " + detto);
 }
 
 }  // namespace tk07

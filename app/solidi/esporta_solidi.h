@@ -11,7 +11,7 @@ namespace tk07 {
 //   .step, .stp   STEP AP214 (mm), an assembly `titolo` of the parts with their names and colours
 //   .glb          glTF 2 binary (metres, Y upwards), one mesh a part, names and colours
 //   .stl          binary STL (mm), all parts in one
-// The file comes whole or not at all: it is composed beside its place and renamed over it. False
+// The file comes whole or not at all: as ScriviFile does it. False
 // with the file's name and the reason in `errore`.
 bool EsportaSolidi(const std::vector<Parte>& parti, const std::string& titolo,
                    const std::string& file, std::string& errore);

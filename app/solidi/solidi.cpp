@@ -149,7 +149,10 @@ TopoDS_Shape Forma(const Bozza& b) {
 bool Costruisci(std::vector<Bozza>& bozze, std::vector<Parte>& parti, std::string& errore) {
     std::vector<Parte> fatte;
     std::set<std::string> nomi;
+    constexpr double kNulla = 1e-6;  // [mm]
     for (Bozza& b : bozze) {
+        // A weld whose line has no length is none.
+        if (b.dati.tipo == TipoParte::saldatura && !(b.dati.lunghezza > kNulla)) continue;
         // Two welds of a rib share a name in the scene.
         const std::string base = b.dati.nome;
         for (int k = 2; !nomi.insert(b.dati.nome).second; ++k) {

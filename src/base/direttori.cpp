@@ -112,6 +112,11 @@ bool RisolviDirettori(const Avvio& avvio, Direttori& d, const Piattaforma& p) {
     if (avvio.lavoro && NumeroCaratteri(*avvio.lavoro) != 6) {
         return fallito("Il lavoro " + *avvio.lavoro + " non esiste: il nome ha sei caratteri.");
     }
+    // A job lies in the jobs' directory, nowhere else.
+    if (avvio.lavoro && avvio.lavoro->find_first_of("\\/:") != std::string::npos) {
+        return fallito("Il lavoro " + *avvio.lavoro +
+                       " non esiste: il nome di un lavoro non contiene percorsi.");
+    }
     const auto lavoro = avvio.lavoro ? avvio.lavoro : PrimaRiga(d.dirImpostazioni + "\\lavoro");
     if (!lavoro || NumeroCaratteri(*lavoro) != 6) {
         return fallito(PercorsoMostrato(d.dirImpostazioni + "\\lavoro") + " errato o mancante.");

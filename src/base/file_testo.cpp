@@ -9,12 +9,8 @@
 #include <filesystem>
 #include <system_error>
 
-#ifndef _WIN32
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 #include "base/nomi_presenti.h"
+#include "base/scrittura.h"
 #include "base/testo.h"
 
 namespace tk07 {
@@ -75,26 +71,45 @@ std::uint32_t Decodifica(std::string_view t, std::size_t& i) {
 }  // namespace
 
 std::string MessaggioSistema(int errore) {
-    switch (errore) {  // the common ones in the program's language
-        case ENOENT:
-            return "file o direttorio inesistente";
-        case EACCES:
-        case EPERM:
-            return "permesso negato";
-        case EISDIR:
-            return "è un direttorio";
-        case ENOTDIR:
-            return "una parte del percorso non è un direttorio";
-        case ENOSPC:
-            return "spazio su disco esaurito";
-        case EROFS:
-            return "disco di sola lettura";
-        case EFBIG:
-            return "file troppo grande";
-        default:
-            break;
+    struct Voce {
+        int numero;
+        const char* testo;
+    };
+    static constexpr Voce kVoci[] = {
+        {ENOENT, "file o direttorio inesistente"},
+        {EACCES, "permesso negato"},
+        {EPERM, "permesso negato"},
+        {EISDIR, "è un direttorio"},
+        {ENOTDIR, "una parte del percorso non è un direttorio"},
+        {ENOSPC, "spazio su disco esaurito"},
+        {EDQUOT, "spazio concesso all'utente esaurito"},
+        {EROFS, "disco di sola lettura"},
+        {EFBIG, "file troppo grande"},
+        {EEXIST, "esiste già"},
+        {ENOTEMPTY, "il direttorio non è vuoto"},
+        {ENAMETOOLONG, "nome troppo lungo"},
+        {ELOOP, "troppi rimandi uno dopo l'altro"},
+        {EINVAL, "non è un file che si possa scrivere"},
+        {EIO, "errore del disco"},
+        {EBUSY, "file in uso"},
+        {ETXTBSY, "programma in esecuzione"},
+        {EXDEV, "il percorso passa da un disco all'altro"},
+        {EMLINK, "troppi rimandi allo stesso file"},
+        {EMFILE, "troppi file aperti"},
+        {ENFILE, "troppi file aperti nel sistema"},
+        {ENOMEM, "memoria esaurita"},
+        {ENODEV, "il disco non risponde"},
+        {ENXIO, "il disco non risponde"},
+        {ESTALE, "il direttorio di rete non c'è più"},
+        {ETIMEDOUT, "il disco di rete non risponde"},
+        {ENOTSUP, "operazione che il disco non conosce"},
+        {EPIPE, "chi leggeva ha smesso"},
+    };
+    if (errore == kFileCambiato) return "il file è cambiato su disco da quando è stato letto";
+    for (const Voce& v : kVoci) {
+        if (v.numero == errore) return v.testo;
     }
-    return std::error_code(errore, std::generic_category()).message();
+    return "errore di sistema numero " + std::to_string(errore);
 }
 
 std::string PercorsoMostrato(std::string_view percorso) {
@@ -270,14 +285,26 @@ FileLetto LeggiRighe(std::string_view percorso) {
     return r;
 }
 
-std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
-                       [[maybe_unused]] Tenuta tenuta, NomiPresenti* nomi) {
-    std::string nome = PercorsoPiattaforma(percorso, nomi);
+std::uint64_t Impronta(std::string_view bytes) {
+    std::uint64_t h = 0xcbf29ce484222325u;
+    for (const char c : bytes) h = (h ^ static_cast<unsigned char>(c)) * 0x100000001b3u;
+    return h;
+}
+
+std::optional<std::uint64_t> ImprontaFile(std::string_view percorso) {
+    std::string bytes, errore;
+    if (!LeggiBytes(percorso, bytes, errore)) return std::nullopt;
+    return Impronta(bytes);
+}
+
+bool StessoFile(std::string_view a, std::string_view b) {
     std::error_code ec;
-    if (fs::is_symlink(nome, ec)) {  // the file behind a link is replaced, not the link
-        const fs::path vero = fs::canonical(nome, ec);
-        if (!ec) nome = vero.string();
-    }
+    return fs::equivalent(PercorsoPiattaforma(a), PercorsoPiattaforma(b), ec);
+}
+
+std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
+                       Tenuta tenuta, const std::optional<std::uint64_t>& attesa,
+                       NomiPresenti* nomi) {
     std::string bytes;
     std::string_view dati = testo;
     // Bytes that would be read back as another text (they happen to be valid UTF-8) are no use
@@ -286,38 +313,9 @@ std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifi
         DaBytes(bytes) == testo) {
         dati = bytes;
     }
-    const std::string provvisorio = nome + ".tk7tmp";
-    std::FILE* f = std::fopen(provvisorio.c_str(), "wb");
-    if (f == nullptr) return MessaggioSistema(errno);
-    int errore = 0;
-    if (std::fwrite(dati.data(), 1, dati.size(), f) != dati.size()) errore = errno;
-    if (std::fflush(f) != 0 && errore == 0) errore = errno;
-#ifndef _WIN32
-    if (errore == 0 && tenuta == Tenuta::suDisco && fsync(fileno(f)) != 0 && errno != EINVAL) {
-        errore = errno;
-    }
-#endif
-    if (std::fclose(f) != 0 && errore == 0) errore = errno;
-    ec.clear();
-    if (errore == 0) {
-        // Keep who may read the old file: the new one takes over its permissions.
-        const fs::file_status vecchio = fs::status(nome, ec);
-        if (!ec && fs::exists(vecchio)) {
-            fs::permissions(provvisorio, vecchio.permissions(), ec);
-            // A file that may not be written is not replaced behind the user's back.
-            if ((vecchio.permissions() & fs::perms::owner_write) == fs::perms::none) {
-                errore = EACCES;
-            } else if (!fs::is_regular_file(vecchio)) {
-                errore = fs::is_directory(vecchio) ? EISDIR : EINVAL;
-            }
-        }
-        ec.clear();
-        if (errore == 0) fs::rename(provvisorio, nome, ec);
-    }
-    if (errore == 0 && !ec) return {};
-    std::string detto = ec ? MessaggioSistema(ec.value()) : MessaggioSistema(errore);
-    fs::remove(provvisorio, ec);
-    return detto;
+    const int errore = SostituisciFile(PercorsoPiattaforma(percorso, nomi), dati,
+                                       tenuta == Tenuta::suDisco, attesa);
+    return errore == 0 ? std::string() : MessaggioSistema(errore);
 }
 
 }  // namespace tk07

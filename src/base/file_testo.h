@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,14 +51,20 @@ struct FileLetto {
 // Raw bytes of a file; false with the reason when it cannot be read or is above kMassimoFile.
 bool LeggiBytes(std::string_view percorso, std::string& bytes, std::string& errore);
 FileLetto LeggiRighe(std::string_view percorso);
+// Fingerprint of a file's contents; nothing when it cannot be read.
+std::optional<std::uint64_t> ImprontaFile(std::string_view percorso);
+// Whether both paths lead to the same file, which is there.
+bool StessoFile(std::string_view a, std::string_view b);
 
 enum class Codifica { windows1252, utf8 };
-// Writes to a temporary name in the same directory, flushes and renames over the old file, so that
-// a failed write leaves the old contents whole. With windows1252 a text that does not fit is
-// written as UTF-8. Returns the empty text, or the system's own message.
-// Files that another run can make again need not wait for the disk.
+// Writes the whole file or nothing (SostituisciFile). With windows1252 a text that does not fit is
+// written as UTF-8; with utf8 the bytes go as they are. Returns the empty text, or the reason.
+// Files that another run can make again need not wait for the disk. With `attesa` (ImprontaFile) a
+// file that has changed since is left alone.
 enum class Tenuta { suDisco, provvisoria };
 std::string ScriviFile(std::string_view percorso, std::string_view testo, Codifica codifica,
-                       Tenuta tenuta = Tenuta::suDisco, NomiPresenti* nomi = nullptr);
+                       Tenuta tenuta = Tenuta::suDisco,
+                       const std::optional<std::uint64_t>& attesa = {},
+                       NomiPresenti* nomi = nullptr);
 
 }  // namespace tk07

@@ -134,10 +134,12 @@ std::string TestoFileNodo(const Nodo& nodo, const Orologio& adesso) {
     return t;
 }
 
-bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p) {
+bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p,
+                    const std::optional<std::uint64_t>& attesa) {
     std::string errore = TestoDaRifiutare(nodo);
     if (errore.empty()) {
-        errore = ScriviFile(percorso, TestoFileNodo(nodo, p.orologio()), Codifica::windows1252);
+        errore = ScriviFile(percorso, TestoFileNodo(nodo, p.orologio()), Codifica::windows1252,
+                            Tenuta::suDisco, attesa);
     }
     if (errore.empty()) return true;
     MostraErrore(p, "File: " + PercorsoMostrato(percorso) + "\n" + errore,

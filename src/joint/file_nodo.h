@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,8 +35,9 @@ struct GuastoNodo {
 // The text of the joint file, keyed format.
 std::string TestoFileNodo(const Nodo& nodo, const Orologio& adesso);
 // Writes it; false after a box with the system's message, or with the text that cannot stand in a
-// joint file. A file that exists keeps its contents then.
-bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p);
+// joint file. A file that exists keeps its contents then. `attesa` as for ScriviFile.
+bool ScriviFileNodo(const Nodo& nodo, std::string_view percorso, const Piattaforma& p,
+                    const std::optional<std::uint64_t>& attesa = {});
 
 // Release stamps of line 1; false when the file cannot be read (with a box if `conMessaggio`).
 bool LeggiRelease(std::string_view percorso, double& releaseArgano, double& releaseFile,

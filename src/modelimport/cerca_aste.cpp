@@ -118,7 +118,7 @@ bool ChiamaTrova(const Direttori& d, const std::string& titolo, int tipo, std::s
     const std::string ingresso =
         TogliCR(titolo) + "\n" + TogliCR(lista) + "\n" + std::to_string(tipo) + "\n";
     const std::vector<std::string> argomenti = {"|Diroot=" + d.dirRoot + "|",
-                                                "|Lavoro=" + d.dirLavoro + "|"};
+                                                "|Lavoro=" + PercorsoMostrato(d.dirLavoro) + "|"};
     return EseguiRicerca(d, "\\TrovaIn.txt", ingresso, "ATTENZIONE!", "\\Trova.exe", argomenti,
                          p) &&
            LeggiTrovaOut(d.dirLavoro, lista);

@@ -37,7 +37,8 @@ bool DatiErrati(Sessione& s) {
 
 void Salva(Sessione& s) {
     if (DatiErrati(s)) return;
-    ScriviFileNodo(s.nodo, s.dir.dirLavoro + "\\" + s.nomeFile + ".tk7", s.piattaforma);
+    const std::string file = s.dir.dirLavoro + "\\" + s.nomeFile + ".tk7";
+    if (ScriviFileNodo(s.nodo, file, s.piattaforma)) s.file = {file, ImprontaFile(file)};
 }
 
 void SalvaConNome(Sessione& s) {
@@ -52,6 +53,7 @@ void SalvaConNome(Sessione& s) {
     const auto scelto = s.piattaforma.scegliFile(r);
     if (!scelto || scelto->percorso.empty()) return;
     if (!ScriviFileNodo(s.nodo, scelto->percorso, s.piattaforma)) return;
+    s.file = {scelto->percorso, ImprontaFile(scelto->percorso)};
     s.nomeFile = NomeBase(scelto->percorso);
     s.InsDati.titolo = ComponiTitolo(s.dir.dirLavoro, s.nomeFile + ".tk7");
 }

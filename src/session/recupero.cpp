@@ -16,8 +16,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kInizio = "TK07_auto_";         // TK07_auto_<run>_<1|2>_<joint>.tk7
-constexpr const char* kGuasto = "TK07_recupero.tk7";  // left by a fatal fault
+constexpr const char* kInizio = "TK07_auto_";     // TK07_auto_<run>_<1|2>_<joint>.tk7
+constexpr const char* kGuasto = "TK07_recupero";  // left by a fatal fault, then _2, _3, ...
+constexpr std::size_t kNome = 255;                // bytes of a file's name
 
 std::string DueCifre(int x) { return (x < 10 ? "0" : "") + std::to_string(x); }
 
@@ -43,6 +44,13 @@ std::string NodoDellaCopia(const std::string& file) {
     return nome == std::string::npos ? "" : NomeBase(file.substr(nome + 1));
 }
 
+// The copy's name holds as much of the joint's as the file system takes.
+std::string NomeCopia(const std::string& inizio, std::string nodo) {
+    const std::size_t posto = kNome - inizio.size() - std::string_view(".tk7").size();
+    while (nodo.size() > posto) nodo = PrimiCaratteri(nodo, NumeroCaratteri(nodo) - 1);
+    return inizio + nodo + ".tk7";
+}
+
 }  // namespace
 
 std::string RiassuntoNodo(const Nodo& n) {
@@ -56,12 +64,13 @@ std::string RiassuntoNodo(const Nodo& n) {
 CopieAutomatiche::CopieAutomatiche(std::string dirTemp, std::string segno)
     : dirTemp_(std::move(dirTemp)), segno_(std::move(segno)) {}
 
-std::string CopieAutomatiche::Scrivi(const Sessione& s) {
-    if (ultima_ && ultimoNome_ == s.nomeFile && StessoNodo(*ultima_, s.nodo)) return {};
-    const std::string file = dirTemp_ + "\\" + kInizio + segno_ + "_" + std::to_string(prossima_) +
-                             "_" + s.nomeFile + ".tk7";
+std::string CopieAutomatiche::Scrivi(const Sessione& s, const Nodo& nodo) {
+    if (ultima_ && ultimoNome_ == s.nomeFile && StessoNodo(*ultima_, nodo)) return {};
+    const std::string file =
+        dirTemp_ + "\\" +
+        NomeCopia(kInizio + segno_ + "_" + std::to_string(prossima_) + "_", s.nomeFile);
     const std::string errore =
-        ScriviFile(file, TestoFileNodo(s.nodo, s.piattaforma.orologio()), Codifica::windows1252);
+        ScriviFile(file, TestoFileNodo(nodo, s.piattaforma.orologio()), Codifica::windows1252);
     if (!errore.empty()) return errore;
     std::string& posto = posto_[prossima_ - 1];
     // The joint's name has changed since: the older copy of this place goes after the new one is
@@ -69,18 +78,19 @@ std::string CopieAutomatiche::Scrivi(const Sessione& s) {
     if (!posto.empty() && posto != file) EliminaFile(posto);
     posto = file;
     prossima_ = 3 - prossima_;
-    ultima_ = std::make_unique<const Nodo>(s.nodo);
+    ultima_ = std::make_unique<const Nodo>(nodo);
     ultimoNome_ = s.nomeFile;
     return {};
 }
 
 std::string CopieAutomatiche::Conserva(const std::string& file) {
-    const std::string a = dirTemp_ + "\\" + kInizio + segno_ + "_s" +
-                          std::to_string(++conservati_) + "_" + NomeBase(file) + ".tk7";
+    const std::string a =
+        dirTemp_ + "\\" +
+        NomeCopia(kInizio + segno_ + "_s" + std::to_string(++conservati_) + "_", NomeBase(file));
     const fs::path da = PercorsoPiattaforma(file), copia = PercorsoPiattaforma(a);
     std::error_code ec;
     fs::copy_file(da, copia, fs::copy_options::overwrite_existing, ec);
-    if (ec) return ec.message();
+    if (ec) return MessaggioSistema(ec.value());
     const auto data = fs::last_write_time(da, ec);
     if (!ec) fs::last_write_time(copia, data, ec);
     return {};
@@ -94,7 +104,8 @@ std::vector<CopiaTrovata> TrovaCopie(const Sessione& s) {
         const std::string file = it->path().filename().string();
         CopiaTrovata c;
         c.percorso = it->path().string();
-        c.nomeFile = file == kGuasto ? NomeBase(kGuasto) : NodoDellaCopia(file);
+        c.nomeFile = file.rfind(kGuasto, 0) == 0 && FinisceCon(file, ".tk7") ? NomeBase(file)
+                                                                             : NodoDellaCopia(file);
         struct stat st {};
         if (c.nomeFile.empty() || stat(c.percorso.c_str(), &st) != 0) continue;
         c.istante = st.st_mtime;

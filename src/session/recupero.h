@@ -15,9 +15,9 @@ class CopieAutomatiche {
   public:
     // `segno` tells the run apart (letters, digits); `dirTemp` as the directories hold it.
     CopieAutomatiche(std::string dirTemp, std::string segno);
-    // Writes the joint if it differs from the last copy. Returns the system's message when it could
-    // not be written, else the empty text.
-    std::string Scrivi(const Sessione& s);
+    // Writes `nodo` under the session's name if it differs from the last copy. Returns the system's
+    // message when it could not be written, else the empty text.
+    std::string Scrivi(const Sessione& s, const Nodo& nodo);
     // Keeps a joint file of another run that is about to be replaced, with its own date. Returns
     // as Scrivi.
     std::string Conserva(const std::string& file);
@@ -40,7 +40,7 @@ struct CopiaTrovata {
     bool leggibile = false;
     std::string riassunto;  // what it holds, in words
 };
-// Copies of this and of other runs and the one that a fatal fault left, the newest first.
+// Copies of this and of other runs and those that fatal faults left, the newest first.
 std::vector<CopiaTrovata> TrovaCopie(const Sessione& s);
 // Opens a copy under the name of the joint that it is a copy of. False when it cannot be read.
 bool ApriCopia(Sessione& s, const CopiaTrovata& copia);

@@ -1,8 +1,11 @@
 #include "session/sessione.h"
 
 #include <memory>
+#include <new>
+#include <utility>
 
 #include "base/file_testo.h"
+#include "base/scrittura.h"
 #include "base/testo.h"
 #include "joint/controlla_dati.h"
 #include "session/gestori.h"
@@ -12,6 +15,37 @@ namespace tk07 {
 namespace {
 
 constexpr std::size_t kNomeDetto = 60;  // characters of a wrong name that a message repeats
+
+// Writes the joint under the first name that no file has: what was saved aside before stays.
+// Returns why it could not be written; `dove` is the file.
+std::string MettiInSalvo(const Sessione& s, const Nodo& nodo, std::string& dove) {
+    const std::string testo = TestoFileNodo(nodo, s.piattaforma.orologio());
+    const std::string inizio = s.dir.dirTemp + "\\TK07_recupero";
+    for (int k = 1;; ++k) {
+        dove = inizio + (k == 1 ? "" : "_" + std::to_string(k)) + ".tk7";
+        if (EsisteFile(dove)) continue;
+        // Another program may have taken the name meanwhile: only an empty file is replaced.
+        std::string errore =
+            ScriviFile(dove, testo, Codifica::windows1252, Tenuta::suDisco, Impronta({}));
+        if (errore.empty() || !EsisteFile(dove)) return errore;
+    }
+}
+
+// Ends the run: the joint before the command is saved aside, the fault told.
+void Termina(Sessione& s, const Nodo& prima, std::string testo) {
+    // A start-up that fails has no joint to save.
+    if (s.InsDati.aperto && EsisteDirettorio(s.dir.dirTemp)) {
+        std::string recupero;
+        const std::string errore = MettiInSalvo(s, prima, recupero);
+        testo += errore.empty() ? "\nIl nodo è stato salvato in " + PercorsoMostrato(recupero)
+                                : "\nIl nodo non è stato salvato in " + PercorsoMostrato(recupero) +
+                                      ": " + errore;
+    }
+    s.nodo = prima;
+    MostraErrore(s.piattaforma, testo);
+    s.fine = true;
+    s.codiceUscita = kUscitaFatale;
+}
 
 }  // namespace
 
@@ -23,21 +57,16 @@ bool EseguiComando(Sessione& s, const std::function<void()>& comando) {
     } catch (const ErroreFatale& e) {
         std::string testo = "Errore non recuperabile: " + std::string(e.what());
         if (!e.Dove().empty()) testo += "\nin " + e.Dove();
-        // A start-up that fails has no joint to save, and must not overwrite an earlier recovery.
-        if (s.InsDati.aperto && EsisteDirettorio(s.dir.dirTemp)) {
-            const std::string recupero = s.dir.dirTemp + "\\TK07_recupero.tk7";
-            const std::string errore = ScriviFile(
-                recupero, TestoFileNodo(*prima, s.piattaforma.orologio()), Codifica::windows1252);
-            testo += errore.empty() ? "\nIl nodo è stato salvato in " + PercorsoMostrato(recupero)
-                                    : "\nIl nodo non è stato salvato in " +
-                                          PercorsoMostrato(recupero) + ": " + errore;
-        }
-        s.nodo = *prima;
-        MostraErrore(s.piattaforma, testo);
-        s.fine = true;
-        s.codiceUscita = kUscitaFatale;
-        return false;
+        Termina(s, *prima, testo);
+    } catch (const std::bad_alloc&) {
+        Termina(s, *prima, "Errore non recuperabile: memoria esaurita");
+    } catch (const std::exception& e) {
+        Termina(s, *prima,
+                "Errore non recuperabile: errore interno (" + std::string(e.what()) + ")");
+    } catch (...) {
+        Termina(s, *prima, "Errore non recuperabile: errore interno");
     }
+    return false;
 }
 
 void Ricomincia(Sessione& s, const Sessione& inizio) {
@@ -98,6 +127,8 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
     const FileLetto f = LeggiRighe(percorso);
     if (!LeggiRelease(f, percorso, releaseArgano, releaseFile, true, s.piattaforma)) return false;
     s.ultimaLettura = NoteLettura{};
+    // Before the reading: a change that comes in between is one since.
+    FileDelNodo file{percorso, ImprontaFile(percorso)};
     if (releaseFile < 1.0) {
         if (!LeggiFileNodoVecchio(s.nodo, f, percorso, s.piattaforma, &s.ultimaLettura)) {
             return false;
@@ -110,6 +141,7 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
         s.nodo.NomiAssenti = NomiSenzaRecord(s, s.nodo);
     }
     s.RisultatiValidi = false;
+    s.file = std::move(file);
     s.nomeFile = NomeBase(percorso);
     s.InsDati.titolo = ComponiTitolo(s.dir.dirLavoro, s.nomeFile + ".tk7");
 
@@ -134,6 +166,16 @@ bool ApriNodo(Sessione& s, const std::string& percorso) {
     // A bolt panel left open holds a copy of the other joint's bolts.
     ChiudiPannello(s, kGestoreFormBulloni);
     AggiornaTutto(s);
+    return true;
+}
+
+bool ScriviNodo(Sessione& s, const std::string& percorso) {
+    const bool suoFile = !s.file.percorso.empty() && StessoFile(s.file.percorso, percorso);
+    if (!ScriviFileNodo(s.nodo, percorso, s.piattaforma,
+                        suoFile ? s.file.impronta : std::nullopt)) {
+        return false;
+    }
+    s.file = {percorso, ImprontaFile(percorso)};
     return true;
 }
 

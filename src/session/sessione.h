@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +31,12 @@ enum class EventoMouse { premi, muovi };
 inline constexpr int kUscitaFatale = 70;
 inline constexpr int kUscitaAvvio = 2;  // a start-up that fails
 
+// The file that the joint was read from or written to last.
+struct FileDelNodo {
+    std::string percorso;                   // empty: a joint that no file holds yet
+    std::optional<std::uint64_t> impronta;  // of its contents then
+};
+
 // Everything of one run of the program. Made once by the shell, on the heap; there is no other
 // mutable state, so two sessions in one process never touch each other.
 struct Sessione {
@@ -47,6 +55,7 @@ struct Sessione {
     bool RisultatiValidi = false;  // results and findings belong to a completed verification
     RisultatoVerifica ultimaVerifica;
     NoteLettura ultimaLettura;
+    FileDelNodo file;
     Disegno disegno;  // the drawing composed last
 
     Pannello InsDati;  // the main panel
@@ -73,9 +82,10 @@ struct Sessione {
 // that opens and verifies. Libraries, units, options and panels are not touched by that.
 void Ricomincia(Sessione& s, const Sessione& inizio);
 
-// Runs a command inside the boundary that catches a fatal fault: the joint as it stood before is
-// written to the temporary directory, one critical box tells what happened, where, and the recovery
-// path, and the session ends with exit code 70. Returns false then.
+// Runs a command inside the boundary that catches a fatal fault, and any other exception: the joint
+// as it stood before is written to the temporary directory under a name that is free, one critical
+// box tells what happened, where, and the recovery path, and the session ends with exit code 70.
+// Returns false then.
 bool EseguiComando(Sessione& s, const std::function<void()>& comando);
 
 // Start-up: directories, units, libraries, options, default joint, panel, each from those before.
@@ -95,6 +105,9 @@ void VerificaSessione(Sessione& s);
 // Whether the steel and the bolt class of the joint are in the tables; what is not is told and
 // replaced.
 void ControllaMateriali(Sessione& s);
+// Writes the joint; over the file that it was read from only while that is as it was read. False
+// after a box with the reason.
+bool ScriviNodo(Sessione& s, const std::string& percorso);
 // Selects the verification method as the panel's option does; nothing when it is selected already.
 void ScegliMetodo(Sessione& s, Metodo metodo);
 // Applies the base steel of the structure model.

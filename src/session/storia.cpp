@@ -33,7 +33,7 @@ bool StessoNodo(const Nodo& a, const Nodo& b) {
 }
 
 Storia::Stato Storia::Fotografa(const Sessione& s) {
-    return {std::make_unique<const Nodo>(s.nodo), s.nomeFile};
+    return {std::make_unique<const Nodo>(s.nodo), s.nomeFile, s.file};
 }
 
 bool Storia::Registra(const Sessione& s, Stato prima, const std::string& cosa) {
@@ -51,6 +51,7 @@ bool Storia::Muovi(Sessione& s, std::deque<Passo>& da, std::deque<Passo>& verso)
     verso.push_back({Fotografa(s), passo.cosa});
     s.nodo = *passo.stato.nodo;
     s.nomeFile = passo.stato.nomeFile;
+    s.file = passo.stato.file;
     s.InsDati.titolo = ComponiTitolo(s.dir.dirLavoro, s.nomeFile + ".tk7");
     s.RisultatiValidi = false;
     AggiornaTutto(s);

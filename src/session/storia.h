@@ -19,6 +19,7 @@ class Storia {
     struct Stato {
         std::unique_ptr<const Nodo> nodo;
         std::string nomeFile;
+        FileDelNodo file;
     };
     static Stato Fotografa(const Sessione& s);
 

@@ -17,7 +17,7 @@ RisultatoVerifica VerificaConRelazione(const Nodo& n, const Opzioni& opz, const 
     const bool slu = n.MetodoVerifica() == Metodo::SLU;
     const std::string percorso = NomeRelazione(dest, slu ? "SLU" : "TA", "TK07");
     const std::string errore =
-        ScriviFile(percorso, testo.testo, Codifica::utf8, dest.tenuta, dest.nomi);
+        ScriviFile(percorso, testo.testo, Codifica::utf8, dest.tenuta, {}, dest.nomi);
     if (!errore.empty()) {
         MostraErrore(p, "Relazione non scritta: " + PercorsoMostrato(percorso) + "\n" + errore);
         return r;

@@ -1,9 +1,14 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <chrono>
 #include <csignal>
+#include <cstring>
 #include <filesystem>
+#include <thread>
 
 #include "aiuti/prova.h"
 #include "base/file_testo.h"
@@ -145,6 +150,86 @@ TEST(ScriviFile, TheNewFileTakesThePlaceOfTheOldOne) {
     EXPECT_TRUE(fs::is_symlink(c / "rimando"));
     EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
     EXPECT_EQ(Voci(c.Testo()), (std::vector<std::string>{"nodo", "rimando"}));
+}
+
+// What others left or planted in the directory: a link under a guessable temporary name is not
+// followed, remains go only when their process is gone and they are old, a name may be as long as
+// the file system takes.
+TEST(ScriviFile, MakesItsTemporaryFileForItselfAlone) {
+    const Cartella c;
+    const std::string file = (c / "nodo").string(), lungo = (c / std::string(255, 'n')).string();
+    ScriviTesto(c / "vittima", "intatta");
+    fs::create_symlink("vittima", c / "nodo.tk7tmp");
+    fs::create_symlink("futuro", c / "pendente");
+    const pid_t morto = fork();
+    if (morto == 0) _exit(0);
+    waitpid(morto, nullptr, 0);
+    const auto resto = [&](pid_t pid, const char* coda, int ore) {
+        const fs::path p = c / (".tk7tmp-" + std::to_string(pid) + coda);
+        ScriviTesto(p, "resto");
+        fs::last_write_time(p, fs::file_time_type::clock::now() - std::chrono::hours(ore));
+        return p;
+    };
+    const fs::path vecchio = resto(morto, "-a", 2), fresco = resto(morto, "-b", 0),
+                   vivo = resto(getpid(), "-c", 2);
+    for (const std::string& f : {file, lungo, (c / "pendente").string()}) {
+        EXPECT_EQ(ScriviFile(f, "dopo", Codifica::utf8), "") << f;
+        EXPECT_EQ(LeggiTesto(f), "dopo");
+    }
+    EXPECT_EQ(LeggiTesto(c / "vittima"), "intatta");
+    EXPECT_TRUE(fs::is_symlink(c / "pendente") && fs::is_regular_file(c / "futuro"));
+    EXPECT_FALSE(fs::exists(vecchio));
+    EXPECT_TRUE(fs::exists(fresco) && fs::exists(vivo));
+    EXPECT_EQ(Voci(c.Testo()).size(), 8u);
+}
+
+TEST(ScriviFile, LeavesAloneWhatChangedSinceItWasRead) {
+    const Cartella c;
+    const std::string file = (c / "nodo").string();
+    ScriviTesto(file, "prima");
+    const auto letta = ImprontaFile(file);
+    ScriviTesto(file, "d'altri");
+    const auto scrivi = [&] {
+        return ScriviFile(file, "mio", Codifica::utf8, Tenuta::suDisco, letta);
+    };
+    EXPECT_EQ(scrivi(), "il file è cambiato su disco da quando è stato letto");
+    EXPECT_EQ(LeggiTesto(file), "d'altri");
+    ScriviTesto(file, "prima");
+    EXPECT_EQ(scrivi(), "");
+    fs::remove(file);
+    EXPECT_EQ(scrivi(), "");  // nothing is lost where nothing is
+    EXPECT_EQ(Voci(c.Testo()), std::vector<std::string>{"nodo"});
+}
+
+// Four writers on one name: every reading is one of their texts, whole.
+TEST(ScriviFile, WritersNeverMix) {
+    const Cartella c;
+    const std::string file = (c / "nodo").string();
+    ASSERT_EQ(ScriviFile(file, std::string(20000, 'a'), Codifica::utf8), "");
+    std::atomic<bool> basta = false;
+    std::atomic<int> guasti = 0;
+    std::vector<std::thread> scrittori;
+    for (int k = 0; k < 4; ++k) {
+        scrittori.emplace_back([&, k] {
+            const std::string testo(20000u * static_cast<unsigned>(k + 1),
+                                    static_cast<char>('a' + k));
+            while (!basta) guasti += ScriviFile(file, testo, Codifica::utf8).empty() ? 0 : 1;
+        });
+    }
+    for (int i = 0; i < 2000; ++i) {
+        const std::string letto = LeggiTesto(file);
+        ASSERT_FALSE(letto.empty());
+        ASSERT_EQ(letto.size(), 20000u * static_cast<unsigned>(letto[0] - 'a' + 1));
+        ASSERT_EQ(letto.find_first_not_of(letto[0]), std::string::npos);
+    }
+    basta = true;
+    for (std::thread& t : scrittori) t.join();
+    EXPECT_EQ(guasti, 0);
+    EXPECT_EQ(Voci(c.Testo()), std::vector<std::string>{"nodo"});
+}
+
+TEST(MessaggioSistema, SpeaksItalian) {
+    for (int e = 1; e < 134; ++e) EXPECT_NE(MessaggioSistema(e), std::strerror(e)) << e;
 }
 
 TEST(Percorsi, AreFoundWhateverTheirCaseAndCreatedAsSpelled) {

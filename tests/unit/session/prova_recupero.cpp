@@ -19,13 +19,13 @@ namespace {
     for (int k = 1;; ++k) {
         s.nodo.BPiastra(1) = k;
         s.nodo.nSollAg = static_cast<short>(k % 300);  // files of changing length
-        if (!copie.Scrivi(s).empty() || write(dove, &k, sizeof k) != sizeof k) _exit(1);
+        if (!copie.Scrivi(s, s.nodo).empty() || write(dove, &k, sizeof k) != sizeof k) _exit(1);
     }
 }
 
 // Killed at any moment, a run leaves the last finished copy whole, or a newer one.
 TEST(Recupero, SopravviveAllUccisione) {
-    constexpr int kGiri = 200;
+    constexpr int kGiri = 100;
     prova::SessioneDiProva b;
     std::mt19937 caso(7);
     int conCopie = 0;
