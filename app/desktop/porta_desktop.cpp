@@ -16,7 +16,6 @@
 #include "desktop/testo_qt.h"
 #include "finestre/servizio_finestra.h"
 #include "guscio/porta_cli.h"
-#include "joint/file_nodo.h"
 
 namespace tk07::desktop {
 
@@ -40,7 +39,9 @@ QMessageBox::Icon Icona(Segno s) {
 
 QStringList Filtri(const std::string& filtro) {
     QStringList l;
-    const QStringList parti = Q(filtro).split(QLatin1Char('|'));
+    QStringList parti = Q(filtro).split(QLatin1Char('|'));
+    // "Save as" gives names in .tk17 too: what was saved is found again.
+    parti.replaceInStrings(QStringLiteral("*.tk7"), QStringLiteral("*.tk7 *.tk17"));
     for (qsizetype i = 0; i + 1 < parti.size(); i += 2) {
         const QString descrizione = parti[i].section(QLatin1String(" ("), 0, 0);
         l << descrizione + QStringLiteral(" (") +
@@ -66,11 +67,7 @@ std::optional<FileScelto> Scegli(QWidget* padre, const RichiestaFile& r) {
     d.setFileMode(salva ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!r.chiediSovrascrittura) d.setOption(QFileDialog::DontConfirmOverwrite);
     d.setDefaultSuffix(Q(r.estensione));
-    // "Save as" gives names in .tk17 too: what was saved is found again.
-    std::string filtro = r.filtro;
-    if (!salva && filtro == kFiltroNodo)
-        filtro = SostituisciTesto(filtro, "|*.tk7|", "|*.tk7 *.tk17|");
-    const QStringList filtri = Filtri(filtro);
+    const QStringList filtri = Filtri(r.filtro);
     if (!filtri.isEmpty()) d.setNameFilters(filtri);
     if (salva && EstensioneDi(filtri.value(0)) == Q(r.estensione)) {
         // The name follows the kind of file that is chosen.

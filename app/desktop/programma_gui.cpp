@@ -1,5 +1,6 @@
 #include "desktop/programma_gui.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLibraryInfo>
@@ -61,8 +62,9 @@ Pilota::Salvare ChiediSalva(QWidget* finestra, const QString& testo) {
     QMessageBox box(QMessageBox::Question, Q(kTitoloProgramma), testo, QMessageBox::NoButton,
                     finestra);
     box.setTextFormat(Qt::PlainText);
-    const auto* scrivi = box.addButton(QStringLiteral("&Salva"), QMessageBox::AcceptRole);
-    const auto* conNome =
+    const QAbstractButton* scrivi =
+        box.addButton(QStringLiteral("&Salva"), QMessageBox::AcceptRole);
+    const QAbstractButton* conNome =
         box.addButton(QStringLiteral("Salva &con nome..."), QMessageBox::ActionRole);
     box.setDefaultButton(box.addButton(QMessageBox::Cancel));
     box.exec();

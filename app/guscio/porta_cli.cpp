@@ -33,7 +33,7 @@ void MessaggioUscita::Scrivi() const {
 namespace {
 
 MessaggioUscita RigaErrore(const std::string& prefisso, const std::string& testo) {
-    return {true, (prefisso.empty() ? "" : prefisso + ": ") + SuUnaRiga(testo) + "\n"};
+    return {true, SuUnaRiga((prefisso.empty() ? "" : prefisso + ": ") + testo) + "\n"};
 }
 
 }  // namespace

@@ -77,6 +77,7 @@ void Ricomincia(Sessione& s, const Sessione& inizio) {
     s.RisultatiValidi = inizio.RisultatiValidi;
     s.ultimaVerifica = inizio.ultimaVerifica;
     s.ultimaLettura = inizio.ultimaLettura;
+    s.file = inizio.file;
     s.AcciaioMemoria = inizio.AcciaioMemoria;
     s.InsDati.titolo = inizio.InsDati.titolo;
     s.Aggiornamento = inizio.Aggiornamento;

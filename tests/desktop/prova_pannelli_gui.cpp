@@ -40,7 +40,7 @@ struct Ambiente : testing::Environment {
         static int argc = 1;
         static char nome[] = "prova_desktop";
         static char* argv[] = {nome, nullptr};
-        app = std::make_unique<QApplication>(argc, argv);
+        app = std::make_unique<Applicazione>(argc, argv);
         PreparaApplicazione(*app);
     }
     void TearDown() override { app.reset(); }

@@ -140,7 +140,20 @@ TEST(Esporta, FailuresNameTheFileAndLeaveItWhole) {
     for (const char* fine : {".step", ".glb", ".stl"}) {
         const std::string file = (c / "manca").string() + "/n" + fine;
         EXPECT_FALSE(EsportaSolidi(parti, "n", file, errore));
-        EXPECT_EQ(errore, file + ": file non scritto: la cartella non esiste");
+        EXPECT_EQ(errore, file + ": file non scritto: file o direttorio inesistente");
+        // Rights and links as for every other file.
+        namespace fs = std::filesystem;
+        const fs::path vero = c / (std::string("vero") + fine),
+                       rimando = c / (std::string("r") + fine);
+        prova::ScriviTesto(vero, "vecchio");
+        fs::create_symlink(vero.filename(), rimando);
+        fs::permissions(vero, fs::perms(0400));
+        EXPECT_FALSE(EsportaSolidi(parti, "n", rimando.string(), errore));
+        EXPECT_EQ(prova::LeggiTesto(vero), "vecchio");
+        fs::permissions(vero, fs::perms(0640));
+        ASSERT_TRUE(EsportaSolidi(parti, "n", rimando.string(), errore)) << errore;
+        EXPECT_TRUE(fs::is_symlink(rimando) && fs::file_size(vero) > 1000);
+        EXPECT_EQ(fs::status(vero).permissions(), fs::perms(0640));
     }
     const std::string obj = (c / "n.obj").string(), vecchio = (c / "n.step").string();
     EXPECT_FALSE(EsportaSolidi(parti, "n", obj, errore));
@@ -152,7 +165,37 @@ TEST(Esporta, FailuresNameTheFileAndLeaveItWhole) {
     EXPECT_GT(std::filesystem::file_size(vecchio), 10000U) << "replaced";
     std::size_t quanti = 0;
     for ([[maybe_unused]] const auto& f : std::filesystem::directory_iterator(c.Testo())) ++quanti;
-    EXPECT_EQ(quanti, 1U) << "no temporary files are left";
+    EXPECT_EQ(quanti, 7U) << "no temporary files are left";
+}
+
+TEST(Esporta, TheSameJointGivesTheSameStep) {
+    const prova::Cartella c;
+    const std::vector<Parte> parti = prova::Solidi(prova::NodoDiProva());
+    std::string errore, testi[2];
+    for (std::string& t : testi) {
+        ASSERT_TRUE(EsportaSolidi(parti, "n", (c / "n.step").string(), errore)) << errore;
+        t = prova::LeggiTesto(c / "n.step");
+    }
+    EXPECT_EQ(testi[0], testi[1]);
+    EXPECT_NE(testi[0].find("2000-01-01T00:00:00"), std::string::npos) << "no clock in the header";
+}
+
+TEST(Solidi, AWeldWithoutLengthIsNone) {
+    const Nodo n = prova::NodoDiProva();
+    Scena s;
+    ASSERT_TRUE(prova::Componi(n, s));
+    for (const double lunga : {0.0, 1e-9}) {
+        LunghezzeCordoni nulle = prova::LunghezzeDi(n);
+        for (int i = 0; i < 15; ++i) nulle(i) = lunga;
+        std::vector<Parte> parti;
+        std::string errore;
+        ASSERT_TRUE(SolidiNodo(n, nulle, 2.0, s, parti, errore)) << errore;
+        std::vector<DatiParte> dati;
+        for (const Parte& p : parti) dati.push_back(p.dati);
+        for (const RigaDistinta& r : FaiDistinta(dati).saldature) {
+            EXPECT_GT(r.lunghezza, 0.1) << r.nome;
+        }
+    }
 }
 
 // 1 mm3 of steel weighs 7.85e-6 kg. Head 13, shank 51, nut 10 high, M20.
@@ -244,8 +287,8 @@ TEST(Esporta, CommandLine) {
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA + nodo, &uscita, &errori), 2);
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA + nodo + "--json -o " + out + ".step"), 2);
     EXPECT_EQ(prova::Esegui(TK07_PROGRAMMA + nodo + "-o /nessuna/n.step", &uscita, &errori), 2);
-    EXPECT_NE(errori.find("01_ipe160_su_ipe270.tk7: /nessuna/n.step: file non scritto: la cartella "
-                          "non esiste\n"),
+    EXPECT_NE(errori.find("01_ipe160_su_ipe270.tk7: /nessuna/n.step: file non scritto: file o "
+                          "direttorio inesistente\n"),
               std::string::npos)
         << errori;
 }
