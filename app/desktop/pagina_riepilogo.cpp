@@ -54,6 +54,17 @@ class BarraRapporto : public QStyledItemDelegate {
     }
 };
 
+// Load sets that are all zero: nothing was judged that a joint could fail.
+bool CarichiNulli(const Nodo& n) {
+    for (int k = 0; k < n.nSollAg; ++k) {
+        for (const double x :
+             {n.SforzoNormale(k), n.TaglioY(k), n.TaglioZ(k), n.MomTorc(k), n.MomY(k), n.MomZ(k)}) {
+            if (x != 0.0) return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 void ModelloRiepilogo::Metti(const Esiti& esiti, const Nodo& nodo) {
@@ -246,6 +257,8 @@ void PaginaRiepilogo::Aggiorna() {
         stato_->setToolTip(stato);
     } else if (r.peggiore < 0) {
         esito = QStringLiteral("Nessun sestetto");
+    } else if (CarichiNulli(pilota_.NodoDelRiepilogo())) {
+        esito = QStringLiteral("Carichi tutti nulli: niente da verificare");
     } else {
         const double massimo = r.Rapporto(r.peggiore);
         esito = r.verificato ? QStringLiteral("VERIFICATO") : QStringLiteral("NON VERIFICATO");

@@ -82,7 +82,6 @@ std::string MessaggioSistema(int errore) {
         {EISDIR, "è un direttorio"},
         {ENOTDIR, "una parte del percorso non è un direttorio"},
         {ENOSPC, "spazio su disco esaurito"},
-        {EDQUOT, "spazio concesso all'utente esaurito"},
         {EROFS, "disco di sola lettura"},
         {EFBIG, "file troppo grande"},
         {EEXIST, "esiste già"},
@@ -100,10 +99,13 @@ std::string MessaggioSistema(int errore) {
         {ENOMEM, "memoria esaurita"},
         {ENODEV, "il disco non risponde"},
         {ENXIO, "il disco non risponde"},
-        {ESTALE, "il direttorio di rete non c'è più"},
         {ETIMEDOUT, "il disco di rete non risponde"},
         {ENOTSUP, "operazione che il disco non conosce"},
         {EPIPE, "chi leggeva ha smesso"},
+#ifndef _WIN32
+        {EDQUOT, "spazio concesso all'utente esaurito"},
+        {ESTALE, "il direttorio di rete non c'è più"},
+#endif
     };
     if (errore == kFileCambiato) return "il file è cambiato su disco da quando è stato letto";
     for (const Voce& v : kVoci) {

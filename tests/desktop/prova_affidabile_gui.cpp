@@ -98,6 +98,20 @@ TEST(GuiAffidabile, SalvaChiedePrimaDiScrivereDoveNonSiAspetta) {
     EXPECT_TRUE(FiltroQt(kFiltroNodo).contains(QStringLiteral("*.tk17")));
 }
 
+// Nothing judged is no verdict.
+TEST(GuiAffidabile, SenzaCarichiNessunEsito) {
+    BancoGui b;
+    b.Apri("01_ipe160_su_ipe270.tk7");
+    const auto* esito = b.finestra->findChild<QLabel*>(QStringLiteral("EsitoVerifica"));
+    EXPECT_EQ(esito->text().left(10), QStringLiteral("VERIFICATO"));
+    b.porta.risposte = {Risposta::OK};
+    b.Premi("RimuoviTutteSoll");
+    EXPECT_EQ(esito->text(), QStringLiteral("Nessun sestetto"));
+    b.Premi("Bt_agg_sing_sol");
+    EXPECT_EQ(esito->text(), QStringLiteral("Carichi tutti nulli: niente da verificare"));
+    EXPECT_EQ(esito->palette().color(QPalette::WindowText), QPalette().color(QPalette::WindowText));
+}
+
 // The first key starts the copies, and they hold what is being typed.
 TEST(GuiAffidabile, CopiaDalPrimoTasto) {
     BancoGui b;
