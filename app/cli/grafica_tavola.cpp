@@ -2,6 +2,7 @@
 
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "base/visibile.h"
 #include "cli/parti_grafica.h"
 #include "drawing/composizione.h"
 #include "render/esporta.h"

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "base/testo.h"
+#include "base/visibile.h"
 
 namespace tk07 {
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/testo.h"
+#include "base/visibile.h"
 
 namespace tk07 {
 
@@ -38,8 +39,9 @@ std::string CsvVerifica(const Sessione& s, const std::string& file) {
         if (g == nullptr) {
             righe += ";;;;";
         } else {
-            righe += std::string(";") + NomeFamiglia(g->famiglia) + ";" + CellaCsv(NomeConfronto(*g)) +
-                     ";" + CellaCsv(NomeElemento(*g)) + ";" + Numero(g->rapporto);
+            righe += std::string(";") + NomeFamiglia(g->famiglia) + ";" +
+                     CellaCsv(NomeConfronto(*g)) + ";" + CellaCsv(NomeElemento(*g)) + ";" +
+                     Numero(g->rapporto);
         }
         // A family without any check leaves its field empty.
         for (int f = 0; f < kFamiglie; ++f) {

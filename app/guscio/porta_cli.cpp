@@ -15,6 +15,7 @@ extern char** environ;
 
 #include "base/file_testo.h"
 #include "base/testo.h"
+#include "base/visibile.h"
 #include "guscio/programma.h"
 
 namespace tk07 {

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "base/testo.h"
+#include "base/visibile.h"
 
 class QPainter;
 class QPointF;

@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "base/testo.h"
+#include "base/visibile.h"
 
 namespace tk07 {
 

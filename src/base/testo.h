@@ -31,10 +31,6 @@ enum class Maiuscole { distinte, indifferenti };
 std::string SostituisciTesto(std::string_view testo, std::string_view cerca, std::string_view nuovo,
                              Maiuscole maiuscole = Maiuscole::distinte);
 std::vector<std::string> Dividi(std::string_view testo, char separatore);
-// Control characters as U+FFFD, but for tab and line feed of a text of many lines: what a name
-// holds must not move a terminal's cursor or end a cell.
-enum class Righe { tante, una };
-std::string SenzaControlli(std::string_view testo, Righe righe = Righe::una);
 // The text on one line: carriage return to blank, line feed removed.
 std::string TogliCR(std::string_view testo);
 
