@@ -280,6 +280,10 @@ std::string Pilota::PercheChiedere(const std::string& file) const {
     } else if (esiste && ImprontaFile(file) != noto->second) {
         perche += "\nÈ cambiato su disco da quando è stato aperto o salvato qui.";
     }
+    for (const NomeAssente& a : NomiPersi(s_->nodo)) {
+        perche += "\nAndrebbe perso " + a.chiave + " \"" + PrimiCaratteri(a.nome, 60) +
+                  "\", che non è nelle librerie.";
+    }
     if (!s_->file.percorso.empty() && PercorsoPiattaforma(s_->file.percorso) != file) {
         perche += "\nIl nodo viene da " + PercorsoMostrato(s_->file.percorso) + ".";
     }

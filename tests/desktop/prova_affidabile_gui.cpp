@@ -95,6 +95,14 @@ TEST(GuiAffidabile, SalvaChiedePrimaDiScrivereDoveNonSiAspetta) {
     EXPECT_EQ(LeggiTesto(nuovo), "d'altri");
     EXPECT_TRUE(Contiene(salva(Pilota::Salvare::rinuncia), "Il nodo viene da " + altrove));
     EXPECT_FALSE(std::filesystem::exists(b.radice + "/lavori/esempi/altrove.tk7"));
+    // A name that the libraries lack would go.
+    std::string ignoto = LeggiTesto(altrove);
+    ignoto.replace(ignoto.find("IPE160"), 6, "IPE999");
+    ScriviTesto(b.radice + "/lavori/esempi/ignoto.tk7", ignoto);
+    b.Apri("ignoto.tk7");
+    EXPECT_TRUE(
+        Contiene(salva(Pilota::Salvare::rinuncia), "Andrebbe perso TraSec_Nome \"IPE999\""));
+    EXPECT_EQ(LeggiTesto(b.radice + "/lavori/esempi/ignoto.tk7"), ignoto);
     EXPECT_TRUE(FiltroQt(kFiltroNodo).contains(QStringLiteral("*.tk17")));
 }
 
