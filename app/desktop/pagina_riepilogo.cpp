@@ -16,6 +16,7 @@
 #include "desktop/pilota.h"
 #include "desktop/testo_qt.h"
 #include "desktop/vista_nodo.h"
+#include "verification/saldature.h"
 
 namespace tk07::desktop {
 
@@ -257,8 +258,12 @@ void PaginaRiepilogo::Aggiorna() {
         stato_->setToolTip(stato);
     } else if (r.peggiore < 0) {
         esito = QStringLiteral("Nessun sestetto");
-    } else if (CarichiNulli(pilota_.NodoDelRiepilogo())) {
+    } else if (CarichiNulli(pilota_.NodoDegliEsiti())) {
         esito = QStringLiteral("Carichi tutti nulli: niente da verificare");
+    } else if (r.Incompleta()) {
+        esito = QStringLiteral("VERIFICA INCOMPLETA");
+        if (!r.verificato)
+            p.setColor(QPalette::WindowText, TestoRapporto(2.0, p.color(QPalette::Window)));
     } else {
         const double massimo = r.Rapporto(r.peggiore);
         esito = r.verificato ? QStringLiteral("VERIFICATO") : QStringLiteral("NON VERIFICATO");
@@ -279,6 +284,11 @@ void PaginaRiepilogo::Aggiorna() {
             stato_->setToolTip(Q(esame.avvisi.front()));
         } else {
             stato_->setToolTip({});
+        }
+    }
+    if (valido) {  // what was not judged is named first
+        for (const Interruzione i : r.interruzioni) {
+            stato = Q(TestoInterruzione(i)) + QStringLiteral("; ") + stato;
         }
     }
     QFont f = font();
