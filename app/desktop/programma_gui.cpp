@@ -6,6 +6,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <QTranslator>
 #include <clocale>
@@ -62,14 +63,14 @@ Pilota::Salvare ChiediSalva(QWidget* finestra, const QString& testo) {
     QMessageBox box(QMessageBox::Question, Q(kTitoloProgramma), testo, QMessageBox::NoButton,
                     finestra);
     box.setTextFormat(Qt::PlainText);
-    const QAbstractButton* scrivi =
-        box.addButton(QStringLiteral("&Salva"), QMessageBox::AcceptRole);
-    const QAbstractButton* conNome =
+    const QPushButton* scrivi = box.addButton(QStringLiteral("&Salva"), QMessageBox::AcceptRole);
+    const QPushButton* conNome =
         box.addButton(QStringLiteral("Salva &con nome..."), QMessageBox::ActionRole);
     box.setDefaultButton(box.addButton(QMessageBox::Cancel));
     box.exec();
-    if (box.clickedButton() == scrivi) return Pilota::Salvare::scrivi;
-    return box.clickedButton() == conNome ? Pilota::Salvare::conNome : Pilota::Salvare::rinuncia;
+    const QAbstractButton* scelto = box.clickedButton();
+    if (scelto == scrivi) return Pilota::Salvare::scrivi;
+    return scelto == conNome ? Pilota::Salvare::conNome : Pilota::Salvare::rinuncia;
 }
 
 }  // namespace
