@@ -13,6 +13,7 @@
 #include "guscio/protocollo.h"
 #include "joint/controlla_dati.h"
 #include "joint/file_nodo.h"
+#include "joint/geometria.h"
 #include "reports/relazione.h"
 #include "scene3d/assemblaggio.h"
 #include "scene3d/file_scena.h"
@@ -149,7 +150,7 @@ BERSAGLIO(calcolo, {
         DisegnaNodo(n, Base().s->opz, Squadratura::no, d, kMuta);
         Pretendi(!ComponiDis(d, 4).empty(), "disegno vuoto");
     }
-    ComponiScena3D(n, s->ris.LungSald, nullptr, scena, kMuta);
+    ComponiScena3D(n, GeometriaDi(n), nullptr, scena, kMuta);
     if (testo.empty()) return;
     // The rows, the load sets' verdicts and the joint's, formed apart, agree.
     bool tutti = true;

@@ -9,6 +9,11 @@
 #include <filesystem>
 #include <system_error>
 
+#ifdef __linux__
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 #include "base/nomi_presenti.h"
 #include "base/scrittura.h"
 #include "base/testo.h"
