@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/geometria_nodo.h"
+#include "joint/geometria.h"
 #include "verification/esiti.h"
 
 namespace tk07::desktop {

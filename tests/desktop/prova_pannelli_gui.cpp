@@ -245,7 +245,7 @@ TEST(Gui, Recupero) {
     // Another run on the same tree writes beside them; a damaged copy is listed and told as such.
     ScriviTesto(b.radice + "/temp/TK07_auto_altro_1_rotto.tk7", "ARGANOWIN\n999 [nBull] x\n");
     CopieAutomatiche altra(b.S().dir.dirTemp, "altra");
-    EXPECT_EQ(altra.Scrivi(b.S()), "");
+    EXPECT_EQ(altra.Scrivi(b.S(), b.N()), "");
     EXPECT_EQ(autom(b).size(), 4);
     b.Premi("Chiudi");
     EXPECT_TRUE(b.S().fine);

@@ -278,7 +278,7 @@ TEST(NomiPresenti, SayWhatAListingWouldSay) {
     EXPECT_EQ(nomi.Nome(dir, "relazione.txt"), std::nullopt);
     for (int k = 0; k < 300; ++k) {
         const std::string nome = dir + "/n" + std::to_string(k) + ".txt";
-        ASSERT_EQ(ScriviFile(nome, "x", Codifica::utf8, Tenuta::provvisoria, &nomi), "");
+        ASSERT_EQ(ScriviFile(nome, "x", Codifica::utf8, Tenuta::provvisoria, {}, &nomi), "");
     }
     EXPECT_LE(nomi.Elenchi(), 1);  // one listing for all of them
     fuori("touch Relazione.TXT");

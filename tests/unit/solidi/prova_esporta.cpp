@@ -9,6 +9,7 @@
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
@@ -185,8 +186,14 @@ TEST(Solidi, AWeldWithoutLengthIsNone) {
     Scena s;
     ASSERT_TRUE(prova::Componi(n, s));
     for (const double lunga : {0.0, 1e-9}) {
-        LunghezzeCordoni nulle = prova::LunghezzeDi(n);
-        for (int i = 0; i < 15; ++i) nulle(i) = lunga;
+        Geometria nulle = GeometriaDi(n);
+        for (int i = 1; i <= kCordoni; ++i) {
+            Cordone& c = nulle.cordone(i);
+            for (std::size_t k = 0; k < 3; ++k) {
+                c.a[k] = c.da[k] + (c.a[k] - c.da[k]) * lunga / std::max(c.lunghezza, 1.0);
+            }
+            c.lunghezza = lunga;
+        }
         std::vector<Parte> parti;
         std::string errore;
         ASSERT_TRUE(SolidiNodo(n, nulle, 2.0, s, parti, errore)) << errore;
