@@ -13,6 +13,8 @@
 #include <STEPCAFControl_Controller.hxx>
 #include <STEPCAFControl_Writer.hxx>
 #include <Standard_Failure.hxx>
+#include <StepData_StepModel.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StlAPI_Writer.hxx>
 #include <TColStd_IndexedDataMapOfStringString.hxx>
 #include <TDataStd_Name.hxx>
@@ -128,6 +130,15 @@ bool Step(const std::vector<Parte>& parti, const std::string& titolo, const std:
     scrittore.SetColorMode(Standard_True);
     scrittore.SetNameMode(Standard_True);
     if (!scrittore.Transfer(Documento(parti, titolo, Nomi::step), STEPControl_AsIs)) return false;
+    // The toolkit counts the places of all assemblies since the program's start; each file counts
+    // its own.
+    const Handle(StepData_StepModel) modello = scrittore.ChangeWriter().Model();
+    int posti = 0;
+    for (int i = 1; i <= modello->NbEntities(); ++i) {
+        const auto posto =
+            Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(modello->Entity(i));
+        if (!posto.IsNull()) posto->SetId(new TCollection_HAsciiString(++posti));
+    }
     APIHeaderSection_MakeHeader testata(scrittore.ChangeWriter().Model());
     const auto testo = [](const std::string& t) {
         return new TCollection_HAsciiString(NomeStep(t).c_str());
