@@ -14,14 +14,14 @@ _tk07() {
     case $prima in
         --diroot) mapfile -t COMPREPLY < <(compgen -d -- "$parola"); return ;;
         --metodo) mapfile -t COMPREPLY < <(compgen -W "slu ta" -- "$parola"); return ;;
-        --lavoro | --aggiungi | --bulloni | --nodi | --aste | --casi | --condizioni | --sestetti) return ;;
+        --lavoro | --fili | --aggiungi | --bulloni | --nodi | --aste | --casi | --condizioni | --sestetti) return ;;
         -o | --esporta) mapfile -t COMPREPLY < <(compgen -f -- "$parola"); compopt -o filenames; return ;;
     esac
     if [[ $parola == -* ]]; then
         local opzioni="--help"
         case $comando in
             "") opzioni+=" --version --diroot --lavoro" ;;
-            verifica) opzioni+=" --metodo --json --csv --fermati --apri --stampa" ;;
+            verifica) opzioni+=" --metodo --json --csv --esiti --fili --fermati --apri --stampa" ;;
             mostra | sezioni | materiali) opzioni+=" --json" ;;
             proponi) opzioni+=" --piastre --nervature --bulloni -o" ;;
             carichi) opzioni+=" --aggiungi --senza-doppi --max-min --esporta -o" ;;

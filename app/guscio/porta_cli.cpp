@@ -44,7 +44,7 @@ void Errore(const std::string& prefisso, const std::string& testo) {
 }
 
 void PortaCli::Stampa(const std::string& testo) {
-    const MessaggioUscita m{false, testo};
+    const MessaggioUscita m{false, SenzaControlli(testo, Righe::tante)};
     raccolta == nullptr ? m.Scrivi() : raccolta->push_back(m);
 }
 

@@ -94,7 +94,10 @@ scatta verifica
 grep -q "^NODO VERIFICATO IN BASE ALLA COMB. DI SOLLECITAZIONI AGENTI Soll 1" "$relazione" ||
     guasto "nodo non verificato"
 grep -q "Ty = 2000" "$relazione" || guasto "il carico scritto non è nella relazione"
-timeout 5 xdotool key ctrl+s # "Salva"
+timeout 5 xdotool key ctrl+s # "Salva": a joint that no file holds yet is asked about
+sleep 0.5
+scatta domanda
+timeout 5 xdotool key alt+s
 for _ in $(seq 40); do [[ -f $radice/lavori/esempi/Nuovo.tk7 ]] && break; sleep 0.1; done
 [[ -f $radice/lavori/esempi/Nuovo.tk7 ]] || guasto "nodo non salvato"
 timeout 5 xdotool key ctrl+q # "Chiudi"

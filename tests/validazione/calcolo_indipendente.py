@@ -317,7 +317,8 @@ def main() -> int:
                     confronta(c, nodo, oggetti[0], Path(nome).name)
                     oggetto = oggetti[0]
                     if not oggetto.get("interrotta"):
-                        codice = 0 if oggetto.get("verificato") else 1
+                        giudicato = oggetto.get("verificato") is not None and not oggetto.get("incompleta")
+                        codice = 3 if not giudicato else 0 if oggetto["verificato"] else 1
                         c.uguale("codice d'uscita", f"{nome} {metodo}", fine.returncode, codice)
             return c.esito()
         for nome in opz.file:

@@ -344,7 +344,8 @@ def calcola(nodo: Nodo, metodo: str, lungh=None) -> dict:
     for s in range(nodo.nSollAg):
         risultato["sestetti"].append(_sestetto(nodo, s, slu, contatto, (XG, YG, Ip), res, S1, S2, lungh))
     esiti = [q["verificato"] for q in risultato["sestetti"]]
-    risultato["verificato"] = False if False in esiti else None if None in esiti else True
+    # Without load sets nothing is judged.
+    risultato["verificato"] = False if False in esiti else None if None in esiti or not esiti else True
     return risultato
 
 

@@ -219,7 +219,7 @@ TEST(Comandi, FilesDoNotInfluenceEachOther) {
                                   " " + t.Esempio("guasto") + molti);
         EXPECT_EQ(f.codice, 70);
         EXPECT_EQ(std::count(f.testo.begin(), f.testo.end(), '\n'), 2 * 61) << f.testo;
-        EXPECT_TRUE(Contiene(f.errori, "recupero.tk7")) << f.errori;
+        EXPECT_TRUE(Contiene(f.errori, "TK07_recupero")) << f.errori;
     }
 }
 
