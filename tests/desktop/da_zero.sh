@@ -100,6 +100,7 @@ scatta domanda
 timeout 5 xdotool key alt+s
 for _ in $(seq 40); do [[ -f $radice/lavori/esempi/Nuovo.tk7 ]] && break; sleep 0.1; done
 [[ -f $radice/lavori/esempi/Nuovo.tk7 ]] || guasto "nodo non salvato"
+clic "$w" 437 62 # back to the window: no window manager gives it the keys again
 timeout 5 xdotool key ctrl+q # "Chiudi"
 for _ in $(seq 100); do kill -0 "$g" 2> /dev/null || break; sleep 0.1; done
 kill -0 "$g" 2> /dev/null && guasto "il programma non si è chiuso"
