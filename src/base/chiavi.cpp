@@ -46,13 +46,13 @@ bool LeggiParametro(std::string_view riga, std::string_view nome, std::string& v
                     std::string_view fine, std::string_view separatori) {
     if (nome.empty() || riga.size() < 4) return false;
     std::string cerca = Minuscolo(nome);
-    if (cerca.front() != '|') cerca.insert(0, "|");
+    if (cerca.front() != '|') cerca.insert(cerca.begin(), '|');
     if (!FinisceCon(cerca, fine)) cerca += fine;
     std::string r(riga);
     for (char& c : r) {
         if (separatori.find(c) != std::string_view::npos) c = '|';
     }
-    if (r.front() != '|') r.insert(0, "|");
+    if (r.front() != '|') r.insert(r.begin(), '|');
     if (std::count(r.begin(), r.end(), '|') < 2) r += '|';
     const std::size_t p = Minuscolo(r).find(cerca);
     if (p == std::string::npos) return false;
