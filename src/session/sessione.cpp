@@ -125,11 +125,11 @@ void ScriviUsati(Nodo& n) {
 
 bool ApriNodo(Sessione& s, const std::string& percorso) {
     double releaseArgano = 0.0, releaseFile = 0.0;
+    // Before the reading: a change that comes in between is one since.
+    FileDelNodo file{percorso, ImprontaFile(percorso)};
     const FileLetto f = LeggiRighe(percorso);
     if (!LeggiRelease(f, percorso, releaseArgano, releaseFile, true, s.piattaforma)) return false;
     s.ultimaLettura = NoteLettura{};
-    // Before the reading: a change that comes in between is one since.
-    FileDelNodo file{percorso, ImprontaFile(percorso)};
     if (releaseFile < 1.0) {
         if (!LeggiFileNodoVecchio(s.nodo, f, percorso, s.piattaforma, &s.ultimaLettura)) {
             return false;
