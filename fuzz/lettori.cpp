@@ -129,7 +129,7 @@ BERSAGLIO(unita, { return Forniti("installazione/lavori", "parametrilavoro"); })
     });
 }
 
-// The structure's files: the byte before the text says which one it is; the others are the shipped
+// The structure's files: the first byte chooses which one it is; the others are the shipped
 // ones.
 static constexpr const char* kFileModello[] = {"STRUTTUR.STR", "combinaz.tot", "sezioni_",
                                                "astec001.bin"};
